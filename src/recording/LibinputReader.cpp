@@ -264,10 +264,10 @@ void LibinputReader::finish(YamlStream::Kind last) {
         complain(std::string("not YAML (") + yaml_.problem() + ")");
     } else if (last == YamlStream::Kind::Broken ||
                (last == YamlStream::Kind::End && yaml_.endsWithinLine())) {
-        complain("cut short");
+        intake_.complain("cut short", yaml_.lastLine());
     } else if (last == YamlStream::Kind::End && intake_.hasDevice() &&
                std::cmp_less(intake_.deviceCount(), announcedDevices_)) {
-        complain("cut short: devices are missing");
+        intake_.complain("cut short: devices are missing", yaml_.lastLine());
     }
 }
 

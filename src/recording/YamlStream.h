@@ -33,6 +33,10 @@ public:
     /// Whether the text ends in the middle of a line that is no comment.
     bool endsWithinLine() const { return tail_ == Tail::Text; }
     bool brokeAtEnd() const;
+    /// Of what has been read so far.
+    std::size_t lastLine() const {
+        return tail_ == Tail::Blank && lineCount_ > 1 ? lineCount_ - 1 : lineCount_;
+    }
     const char *problem() const { return parser_->problem != nullptr ? parser_->problem : "not readable"; }
 
 private:
