@@ -1,0 +1,16 @@
+# One set of flags for everything that is ours. Sanitizers go to every target, or their reports would have holes.
+add_library(barquell_flags INTERFACE)
+target_compile_options(barquell_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor
+                                                -Wold-style-cast -Woverloaded-virtual -Werror)
+target_compile_definitions(barquell_flags INTERFACE QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII)
+
+if(BARQUELL_SANITIZE)
+  set(sanitize -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_compile_options(${sanitize})
+  add_link_options(${sanitize})
+  if(CMAKE_CXX_COMPILER_ID MATCHES Clang)
+    # The same objects serve the fuzz targets; only those link the fuzzer's main.
+    add_compile_options(-fsanitize=fuzzer-no-link)
+    add_link_options(-fsanitize=fuzzer-no-link)
+  endif()
+endif()
