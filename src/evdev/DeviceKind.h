@@ -1,0 +1,19 @@
+#pragma once
+
+#include "evdev/DeviceDescription.h"
+
+namespace barquell::evdev {
+
+/// More slots than this no bar has: 11 on T2 Macs, 256 on M1 and M2 Macs
+/// (drivers/input/touchscreen/apple_z2.c).
+inline constexpr int kMaximumSlots = 256;
+
+/// Is this the digitizer of a Touch Bar? Known by its name, by what it can do, and by axes that can be true.
+/// Names seen: "Apple Inc. Touch Bar Display Touchpad" (T2 Macs), "MacBookPro17,1 Touch Bar", "Mac14,7 Touch
+/// Bar".
+bool isTouchBar(const DeviceDescription &device);
+
+/// Does it have modifier or media keys, so that it counts as a keyboard?
+bool isKeyboard(const DeviceDescription &device);
+
+} // namespace barquell::evdev
