@@ -1,0 +1,21 @@
+#include "app/RegisteredDefaults.h"
+
+#include "foundation/UserDefaults.h"
+
+namespace barquell {
+
+void registerDefaults() {
+    UserDefaults::standard().registerDefaults({
+        {QStringLiteral("Enabled"), true},
+        {QStringLiteral("PauseKeyAllowed"), true},
+        {QStringLiteral("PauseKeyFn"), true},
+        {QStringLiteral("ShowStatusItem"), true},
+        {QStringLiteral("HUDLocation"), 1},
+        {QStringLiteral("ShowHUDPauseKeys"), true},
+        {QStringLiteral("ShowHUDFrontApp"), true},
+        {QStringLiteral("ClearPauseKeys"), true},
+        {QStringLiteral("AnimatedWindowSizing"), true},
+    });
+}
+
+} // namespace barquell

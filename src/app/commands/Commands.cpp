@@ -1,0 +1,79 @@
+#include "app/commands/Commands.h"
+
+#include "app/Place.h"
+#include "app/commands/Arguments.h"
+#include "app/commands/DefaultsCommand.h"
+#include "app/commands/ReplayCommand.h"
+#include "foundation/Log.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+namespace barquell {
+
+namespace {
+
+struct Command {
+    const char *name;
+    const char *summary;
+    int (*run)(const QStringList &arguments);
+};
+
+int runOnStoredSettings(const QStringList &arguments) {
+    installThisMachine();
+    return runDefaults(arguments);
+}
+
+constexpr std::array kCommands{
+    Command{"replay", "say what becomes of recorded touches", runReplay},
+    Command{"defaults", "read, write or delete settings", runOnStoredSettings},
+};
+
+int printHelp() {
+    std::puts("Usage: barquell COMMAND [options]\n\n"
+              "Barquell holds accidental touches of the Touch Bar back.\n\n"
+              "Commands:");
+    for (const Command &command : kCommands) {
+        std::printf("  %-10s %s\n", command.name, command.summary);
+    }
+    std::puts("\n  barquell COMMAND --help   how to use a command\n"
+              "  barquell --version        which version this is");
+    return kExitSuccess;
+}
+
+int printVersion() {
+    std::printf("barquell %s\n", qUtf8Printable(QCoreApplication::applicationVersion()));
+    return kExitSuccess;
+}
+
+bool isOneOf(const QString &word, std::initializer_list<const char *> words) {
+    return std::any_of(words.begin(), words.end(),
+                       [&](const char *each) { return word == QLatin1String(each); });
+}
+
+} // namespace
+
+int runCommand(const QStringList &words) {
+    const QString word = words.value(0);
+    if (isOneOf(word, {"--version", "-v"})) {
+        return printVersion();
+    }
+    if (isOneOf(word, {"help", "--help", "-h"})) {
+        return words.size() > 1 ? runCommand({words.at(1), QStringLiteral("--help")}) : printHelp();
+    }
+    const auto *const command = std::find_if(kCommands.begin(), kCommands.end(), [&](const Command &each) {
+        return word == QLatin1String(each.name);
+    });
+    if (command != kCommands.end()) {
+        return command->run(words);
+    }
+    const QString complaint =
+        word.isEmpty() ? QStringLiteral("no command given") : QStringLiteral("no command '%1'").arg(word);
+    logToStandardError(complaint + QStringLiteral(" (see 'barquell --help')"));
+    return kExitUsage;
+}
+
+} // namespace barquell
