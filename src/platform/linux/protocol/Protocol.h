@@ -1,0 +1,128 @@
+#pragma once
+
+#include "platform/Event.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <type_traits>
+
+/// What the tap server and its clients say to each other: one message a packet, of one fixed size each
+/// direction, over a local socket of type SOCK_SEQPACKET, in the machine's own byte order. Fields that a
+/// message does not name are 0. The protocol is our own; event types, phases and flags are the numbers of
+/// platform/Event.h and platform/ModifierFlags.h.
+///
+///  1. The client says Hello within kHelloLimit. The server answers Welcome, or Refused and closes.
+///  2. From Welcome on the client hears FlagsChanged when the modifier word changes and Bars when a count
+///     does, whether it has a tap or not.
+///  3. CreateTap is answered by TapCreated, or by Refused{Busy} where somebody (also the client itself) has
+///     the tap; the connection stays and the client may try again later.
+///  4. A new tap is disabled. SetEnabled is not answered.
+///  5. While the tap is enabled and its mask names EventType::Gesture, each frame of each bar is sent as
+///     Frame and waits for its Verdict. Several may be out at a time; verdicts come in the order of the
+///     frames.
+///  6. No Verdict for the oldest frame within kVerdictLimit: all frames out pass, the tap is disabled, and
+///     DisabledByTimeout is sent. SetEnabled{true} enables it again.
+///  7. Frames out when the client disables or destroys its tap pass. Verdicts on them that come late are
+///     ignored; numbers never repeat on a connection.
+///  8. DestroyTap is not answered. A client that goes away has destroyed its tap. A CreateTap that follows
+///     within kGrabLinger finds the bars still grabbed.
+///  9. A packet that decode refuses, a second Hello, anything before Hello, a tap's message without a tap, or
+///     a verdict out of turn: Refused{Malformed}, and the connection is closed.
+namespace barquell::protocol {
+
+inline constexpr std::uint32_t kVersion = 1;
+inline constexpr char kDefaultSocket[] = "/run/barquell/tap.sock";
+
+inline constexpr std::int64_t kVerdictLimit = 1'000'000; ///< microseconds
+inline constexpr std::int64_t kHelloLimit = 5'000'000;   ///< microseconds
+inline constexpr std::int64_t kGrabLinger = 200'000;     ///< microseconds
+
+enum class ClientMessageType : std::uint32_t {
+    Hello = 1,  ///< version
+    CreateTap,  ///< eventMask
+    SetEnabled, ///< on
+    DestroyTap,
+    Verdict, ///< frame, on: the frame passes
+};
+
+struct ClientMessage {
+    ClientMessageType type{};
+    std::uint32_t version = 0;
+    std::uint32_t on = 0; ///< 0 or 1
+    std::uint32_t zero = 0;
+    EventMask eventMask = 0;
+    std::uint64_t frame = 0;
+
+    bool operator==(const ClientMessage &) const = default;
+};
+
+enum class ServerMessageType : std::uint32_t {
+    Welcome = 1, ///< version, barsKnown, barsGrabbed, flags
+    Refused,     ///< reason, version
+    TapCreated,
+    Frame,        ///< frame, flags, touchCounts, listedTouches, touches
+    FlagsChanged, ///< flags
+    DisabledByTimeout,
+    Bars, ///< barsKnown, barsGrabbed
+};
+
+enum class Refusal : std::uint32_t {
+    Version = 1, ///< the server speaks the version given beside it; the connection is closed
+    Busy,        ///< the tap is taken, or (before Welcome, then the connection is closed) there is no room
+    Malformed,   ///< the connection is closed
+};
+
+/// A finger in a frame; x and y are fractions of the bar's width and height.
+struct Touch {
+    std::uint32_t phase = 0; ///< exactly one of kTouchBegan … kTouchCancelled
+    std::int32_t id = 0;
+    float x = 0;
+    float y = 0;
+
+    bool operator==(const Touch &) const = default;
+};
+
+inline constexpr std::size_t kPhases = 5;
+inline constexpr std::size_t kListedTouches = 16;
+
+struct ServerMessage {
+    ServerMessageType type{};
+    std::uint32_t version = 0;
+    Refusal reason{};
+    std::uint16_t barsKnown = 0;   ///< plugged in
+    std::uint16_t barsGrabbed = 0; ///< of those, how many are held for the tap
+    ModifierFlags flags = 0;
+    std::uint64_t frame = 0;                          ///< from 1
+    std::array<std::uint16_t, kPhases> touchCounts{}; ///< of all touches; entry n counts phase 1 << n
+    std::uint16_t listedTouches = 0;                  ///< how many of them follow
+    std::uint32_t zero = 0;
+    std::array<Touch, kListedTouches> touches{}; ///< the first ones
+
+    bool operator==(const ServerMessage &) const = default;
+};
+
+static_assert(sizeof(ClientMessage) == 32 && std::is_trivially_copyable_v<ClientMessage>);
+static_assert(sizeof(Touch) == 16 && std::is_trivially_copyable_v<Touch>);
+static_assert(sizeof(ServerMessage) == 304 && std::is_trivially_copyable_v<ServerMessage>);
+static_assert(std::has_unique_object_representations_v<ClientMessage>, "no padding to leak through");
+static_assert(offsetof(ServerMessage, touches) == 48, "no padding to leak through");
+
+/// The message in a packet; nothing where the packet is none. Any thread.
+std::optional<ClientMessage> decodeClientMessage(std::span<const std::byte> packet);
+std::optional<ServerMessage> decodeServerMessage(std::span<const std::byte> packet);
+
+/// The packet that carries the message. Valid as long as the message.
+inline std::span<const std::byte> packetOf(const ClientMessage &message) {
+    return std::as_bytes(std::span(&message, 1));
+}
+inline std::span<const std::byte> packetOf(const ServerMessage &message) {
+    return std::as_bytes(std::span(&message, 1));
+}
+
+/// How many of a frame's touches are in one of the phases.
+int touchCount(const ServerMessage &frame, TouchPhases phases);
+
+} // namespace barquell::protocol
