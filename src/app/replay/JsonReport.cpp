@@ -1,7 +1,5 @@
 #include "app/replay/JsonReport.h"
 
-#include "foundation/Log.h"
-
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -59,10 +57,6 @@ void JsonReport::stateChange(const ReplayedStateChange &change) {
     ++_summary.stateChanges;
     _out << "{\"time\": " << seconds(change.time).data() << ", \"stateChange\": " << change.source
          << ", \"effectivelyEnabled\": " << (change.effectivelyEnabled ? "true" : "false") << "}\n";
-}
-
-void JsonReport::logged(const QString &line) {
-    logToStandardError(line);
 }
 
 void JsonReport::finish() {

@@ -24,7 +24,8 @@ public:
 
     void event(const ReplayedEvent &event) override;
     void stateChange(const ReplayedStateChange &change) override;
-    void logged(const QString &line) override;
+    /// Said by the objects already.
+    void logged(const QString & /*line*/) override {}
 
     void finish();
 

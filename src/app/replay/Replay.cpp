@@ -24,11 +24,11 @@ Place &place() {
     return place;
 }
 
-Reason reasonFor(const ScriptedEvent &event, ModifierFlags before, bool passed) {
+Reason reasonFor(const ScriptedEvent &event, ModifierFlags held, bool passed) {
     if (!passed) {
         return Reason::Touching;
     }
-    if (event.type == EventType::SystemDefined && event.flags() != before) {
+    if (event.type == EventType::SystemDefined && event.flags() != held) {
         return Reason::ModifiersStripped;
     }
     if (event.type != EventType::Gesture) {
@@ -60,7 +60,7 @@ Replay::Replay(std::vector<recording::RecordedDevice> devices, ReplayListener &l
 
 Replay::Role Replay::roleOf(const evdev::DeviceDescription &device) {
     if (evdev::isTouchBar(device)) {
-        return Bar{evdev::TouchReader(device), evdev::CloneOutput(device)};
+        return FilteredBar(device);
     }
     return evdev::isKeyboard(device) ? Role(evdev::KeyMeaning()) : Role();
 }
@@ -76,7 +76,7 @@ void Replay::run(const ReplaySettings &settings) {
         }
         advanceTo(event.time);
         const std::string &name = _devices.at(index).description.name;
-        if (auto *bar = std::get_if<Bar>(&_roles.at(index))) {
+        if (auto *bar = std::get_if<FilteredBar>(&_roles.at(index))) {
             feedBar(*bar, name, event);
         } else if (auto *keys = std::get_if<evdev::KeyMeaning>(&_roles.at(index))) {
             feedKeyboard(*keys, name, event);
@@ -112,19 +112,14 @@ void Replay::advanceTo(std::int64_t time) {
     place().loop.advanceTo(std::chrono::microseconds(time - _startTime));
 }
 
-void Replay::feedBar(Bar &bar, const std::string &name, const evdev::InputEvent &event) {
-    if (!bar.reader.feed(event)) {
+void Replay::feedBar(FilteredBar &bar, const std::string &name, const evdev::InputEvent &event) {
+    const auto frame = bar.feed(event, heldModifiers(), place().platform.taps);
+    if (!frame) {
         return;
     }
-    ScriptedEvent gesture(EventType::Gesture, heldModifiers());
-    for (const evdev::Touch &touch : bar.reader.frame().touches()) {
-        gesture.touch(touch.phase);
-    }
-    if (deliver(gesture, name) && _emit) {
-        const auto &events = bar.clone.moveTo(bar.reader.contacts(), event.time, bar.reader.timestamp());
-        if (!events.empty()) {
-            _emit(events);
-        }
+    report(frame->gesture, name, frame->passed);
+    if (_emit && !frame->sent.empty()) {
+        _emit(frame->sent);
     }
 }
 
@@ -132,18 +127,16 @@ void Replay::feedKeyboard(evdev::KeyMeaning &keys, const std::string &name, cons
     if (const auto type = keys.feed(event)) {
         place().platform.modifiers.flags = heldModifiers();
         ScriptedEvent keyEvent(*type, heldModifiers());
-        deliver(keyEvent, name);
+        const bool passed = place().platform.taps.deliver(keyEvent);
+        report(keyEvent, name, passed);
     }
 }
 
-bool Replay::deliver(ScriptedEvent &event, const std::string &device) {
-    const ModifierFlags before = event.flags();
-    const bool passed = place().platform.taps.deliver(event);
+void Replay::report(const ScriptedEvent &event, const std::string &device, bool passed) {
     constexpr TouchPhases kAny = kTouching | kTouchEnded | kTouchCancelled;
     const std::int64_t now = _startTime + place().loop.now().count();
     _listener.event({now, device, event.type, event.flags(), event.touchCount(kAny),
-                     event.touchCount(kTouching), passed, reasonFor(event, before, passed)});
-    return passed;
+                     event.touchCount(kTouching), passed, reasonFor(event, heldModifiers(), passed)});
 }
 
 ModifierFlags Replay::heldModifiers() const {

@@ -1,9 +1,8 @@
 #pragma once
 
+#include "app/replay/FilteredBar.h"
 #include "app/replay/ReplayListener.h"
-#include "evdev/CloneOutput.h"
 #include "evdev/KeyMeaning.h"
-#include "evdev/TouchReader.h"
 #include "foundation/VirtualRunLoop.h"
 #include "platform/simulated/ScriptedPlatform.h"
 #include "recording/Recording.h"
@@ -41,19 +40,15 @@ public:
     void run(const ReplaySettings &settings);
 
 private:
-    struct Bar {
-        evdev::TouchReader reader;
-        evdev::CloneOutput clone;
-    };
-    using Role = std::variant<std::monostate, Bar, evdev::KeyMeaning>;
+    using Role = std::variant<std::monostate, FilteredBar, evdev::KeyMeaning>;
 
     static Role roleOf(const evdev::DeviceDescription &device);
 
     void start(const ReplaySettings &settings);
     void advanceTo(std::int64_t time);
-    void feedBar(Bar &bar, const std::string &name, const evdev::InputEvent &event);
+    void feedBar(FilteredBar &bar, const std::string &name, const evdev::InputEvent &event);
     void feedKeyboard(evdev::KeyMeaning &keys, const std::string &name, const evdev::InputEvent &event);
-    bool deliver(ScriptedEvent &event, const std::string &device);
+    void report(const ScriptedEvent &event, const std::string &device, bool passed);
     ModifierFlags heldModifiers() const;
 
     std::vector<recording::RecordedDevice> _devices;

@@ -147,7 +147,8 @@ void TableReport::finish() {
     writeRow();
     _out << '\n'
          << _summary.gestures << " touch frames: " << _summary.passed << " passed, " << _summary.swallowed
-         << " blocked. " << _summary.stateChanges << " changes of state.\n";
+         << " blocked. " << _summary.stateChanges
+         << (_summary.stateChanges == 1 ? " change of state.\n" : " changes of state.\n");
 }
 
 } // namespace barquell::replay
