@@ -23,8 +23,8 @@ public:
     bool beginDevice(std::size_t line);
     void dropDevice() { recording_.devices.pop_back(); }
 
-    bool hasDevice() const { return !recording_.devices.empty(); }
-    std::size_t deviceCount() const { return recording_.devices.size(); }
+    [[nodiscard]] bool hasDevice() const { return !recording_.devices.empty(); }
+    [[nodiscard]] std::size_t deviceCount() const { return recording_.devices.size(); }
     /// The device that is being read.
     evdev::DeviceDescription &description() { return recording_.devices.back().description; }
     void declareCode(std::size_t type, std::size_t code);

@@ -46,7 +46,7 @@ private:
 
     YamlStream yaml_;
     Intake intake_;
-    std::vector<Level> levels_{Level{.node = Node::Text}};
+    std::vector<Level> levels_{Level{Node::Text, false, false, {}}};
     std::array<std::int64_t, 5> numbers_{}; ///< of the list that is being read, where its size is fixed
     std::size_t numberCount_ = 0;
     std::size_t codesType_ = 0;

@@ -6,7 +6,7 @@ namespace barquell::recording {
 
 namespace {
 
-constexpr std::size_t kBufferSize = 64U << 10U;
+constexpr std::size_t kBufferSize = 32U << 10U;
 
 } // namespace
 

@@ -30,9 +30,9 @@ public:
     File(const File &) = delete;
     File &operator=(const File &) = delete;
 
-    int error() const { return error_; }
+    [[nodiscard]] int error() const { return error_; }
 
-    bool isRegular() const {
+    [[nodiscard]] bool isRegular() const {
         struct stat status {};
         return ::fstat(handle_, &status) == 0 && S_ISREG(status.st_mode);
     }

@@ -8,7 +8,7 @@ namespace barquell::recording {
 
 namespace {
 
-constexpr std::size_t kPieceSize = 64U << 10U;
+constexpr std::size_t kPieceSize = 16U << 10U;
 
 } // namespace
 

@@ -28,16 +28,19 @@ public:
 
     Kind next();
 
-    std::string_view text() const; ///< of a scalar; an alias, which recordings do not have, is an empty one
-    std::size_t line() const;
+    [[nodiscard]] std::string_view
+    text() const; ///< of a scalar; an alias, which recordings do not have, is an empty one
+    [[nodiscard]] std::size_t line() const;
     /// Whether the text ends in the middle of a line that is no comment.
-    bool endsWithinLine() const { return tail_ == Tail::Text; }
-    bool brokeAtEnd() const;
+    [[nodiscard]] bool endsWithinLine() const { return tail_ == Tail::Text; }
+    [[nodiscard]] bool brokeAtEnd() const;
     /// Of what has been read so far.
-    std::size_t lastLine() const {
+    [[nodiscard]] std::size_t lastLine() const {
         return tail_ == Tail::Blank && lineCount_ > 1 ? lineCount_ - 1 : lineCount_;
     }
-    const char *problem() const { return parser_->problem != nullptr ? parser_->problem : "not readable"; }
+    [[nodiscard]] const char *problem() const {
+        return parser_->problem != nullptr ? parser_->problem : "not readable";
+    }
 
 private:
     enum class Tail { Blank, Comment, Text };

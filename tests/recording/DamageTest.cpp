@@ -34,37 +34,50 @@ struct Subject {
 };
 
 std::string nameOf(const testing::TestParamInfo<Subject> &info) {
-    std::string name = info.param.file;
-    std::replace_if(
-        name.begin(), name.end(), [](char c) { return c == '-' || c == '.'; }, '_');
-    return name;
+    return testName(info.param.file);
 }
 
-class CutRecording : public testing::TestWithParam<Subject> {};
+class CutRecording : public testing::TestWithParam<Subject> {
+protected:
+    CutRecording()
+        : text_(readText(BARQUELL_TEST_DATA "/" + GetParam().file)), whole_(GetParam().read(text_)),
+          lastNeeded_(text_.rfind(GetParam().lastNeeded)), lastOfHead_(text_.rfind(GetParam().lastOfHead)) {}
 
-/// Every byte of the head and of the end, and some of what is between.
-TEST_P(CutRecording, KeepsItsBeginningAndIsToldFromAWholeOne) {
-    const Subject &subject = GetParam();
-    const std::string text = readText(BARQUELL_TEST_DATA "/" + subject.file);
-    const Recording whole = subject.read(text);
-    ASSERT_EQ(whole.complaint, "");
-    const std::size_t lastNeeded = text.rfind(subject.lastNeeded);
-    const std::size_t lastOfHead = text.rfind(subject.lastOfHead);
-    ASSERT_NE(lastNeeded, std::string::npos);
-    ASSERT_NE(lastOfHead, std::string::npos);
-    const std::size_t headEnd = text.find(subject.lastOfHead);
-    for (std::size_t size = 0; size < text.size();) {
+    void SetUp() override {
+        ASSERT_EQ(whole_.complaint, "");
+        ASSERT_NE(lastNeeded_, std::string::npos);
+        ASSERT_NE(lastOfHead_, std::string::npos);
+        ASSERT_GT(text_.size(), kEveryByteAtEnd);
+    }
+
+    void expectGoodReading(std::size_t size) const {
         SCOPED_TRACE(size);
-        const std::string_view cut = std::string_view(text).substr(0, size);
-        const Recording recording = subject.read(cut);
-        ASSERT_NO_FATAL_FAILURE(expectPrefix(recording, whole));
-        if (!endsBetweenLines(cut) || size <= lastNeeded + 1) {
+        const std::string_view cut = std::string_view(text_).substr(0, size);
+        const Recording recording = GetParam().read(cut);
+        ASSERT_NO_FATAL_FAILURE(expectPrefix(recording, whole_));
+        if (!endsBetweenLines(cut) || size <= lastNeeded_ + 1) {
             ASSERT_NE(recording.complaint, "");
-        } else if (size > lastOfHead + 1) {
+        } else if (size > lastOfHead_ + 1) {
             ASSERT_EQ(recording.complaint, "");
         }
-        const bool dense = size < headEnd || size + kEveryByteAtEnd > text.size();
-        size += dense ? 1 : std::min(subject.step, text.size() - kEveryByteAtEnd - size + 1);
+    }
+
+    std::string text_;
+    Recording whole_;
+    std::size_t lastNeeded_;
+    std::size_t lastOfHead_;
+};
+
+TEST_P(CutRecording, IsReadUpToTheCutAtEveryByteOfTheHeadAndManyMore) {
+    const std::size_t headEnd = text_.find(GetParam().lastOfHead);
+    for (std::size_t size = 0; size < text_.size(); size += size < headEnd ? 1 : GetParam().step) {
+        ASSERT_NO_FATAL_FAILURE(expectGoodReading(size));
+    }
+}
+
+TEST_P(CutRecording, IsReadUpToTheCutAtEveryByteOfTheEnd) {
+    for (std::size_t size = text_.size() - kEveryByteAtEnd; size < text_.size(); ++size) {
+        ASSERT_NO_FATAL_FAILURE(expectGoodReading(size));
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -49,6 +50,30 @@ inline const std::string kYamlHead = "# libinput record\n"
 inline const std::string kYamlEvents = "  - evdev:\n"
                                        "    - [  0,      0,   3,  47,       1] # EV_ABS / ABS_MT_SLOT\n"
                                        "    - [  1,      5,   0,   0,      -2] # SYN_REPORT\n";
+
+/// What both heads describe.
+inline evdev::DeviceDescription aBar() {
+    evdev::DeviceDescription device;
+    device.name = "A bar";
+    device.bus = 3;
+    device.vendor = 0x05ac;
+    device.product = 0x8302;
+    device.version = 0x101;
+    device.properties.set(1);
+    device.keys.set(64);
+    device.keys.set(127);
+    device.otherCodes[4].set(5);
+    device.axes[0] = {-5, 32767, 1, 2, 40};
+    device.axes[0x2f] = {0, 10, 0, 0, 0};
+    return device;
+}
+
+/// A test's name may not have all that a file's has.
+inline std::string testName(std::string file) {
+    std::replace_if(
+        file.begin(), file.end(), [](char c) { return c == '-' || c == '.'; }, '_');
+    return file;
+}
 
 inline std::string readText(const std::filesystem::path &file) {
     std::ifstream in(file, std::ios::binary);

@@ -81,22 +81,18 @@ RC_GTEST_PROP(EvemuWriter, WritesWhatTheReaderReads, ()) {
 }
 
 TEST(EvemuWriter, WritesTheLinesOfTheFormat) {
-    evdev::DeviceDescription device{.name = "Pad", .bus = 3, .vendor = 0x5ac, .product = 1, .version = 2};
-    device.properties.set(1);
-    device.keys.set(65);
-    device.otherCodes[4].set(5);
-    device.axes[0x35] = {0, 100, 0, -1, 7};
-    EXPECT_EQ(write(device, {{1'000'002, 3, 0x39, -1}, {20'000'000, 0, 0, 0}}),
+    EXPECT_EQ(write(aBar(), {{1'000'002, 3, 0x39, -1}, {20'000'000, 0, 0, 0}}),
               "# EVEMU 1.3\n"
-              "N: Pad\n"
-              "I: 0003 05ac 0001 0002\n"
+              "N: A bar\n"
+              "I: 0003 05ac 8302 0101\n"
               "P: 02 00 00 00 00 00 00 00\n"
               "B: 00 0b 00 00 00 00 00 00 00\n"
               "B: 01 00 00 00 00 00 00 00 00\n"
-              "B: 01 02 00 00 00 00 00 00 00\n"
-              "B: 03 00 00 00 00 00 00 20 00\n"
+              "B: 01 01 00 00 00 00 00 00 80\n"
+              "B: 03 01 00 00 00 00 80 00 00\n"
               "B: 04 20 00 00 00 00 00 00 00\n"
-              "A: 35 0 100 0 -1 7\n"
+              "A: 00 -5 32767 1 2 40\n"
+              "A: 2f 0 10 0 0 0\n"
               "E: 1.000002 0003 0039 -001\n"
               "E: 20.000000 0000 0000 0000\n");
 }

@@ -61,12 +61,11 @@ TEST_P(RealRecording, SurvivesBeingWrittenAndReadAgain) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Files, RealRecording, testing::ValuesIn(realRecordings()), [](const auto &info) {
-    std::string name = info.param.filename();
-    std::replace_if(
-        name.begin(), name.end(), [](char c) { return c == '-' || c == '.'; }, '_');
-    return name;
-});
+std::string nameOf(const testing::TestParamInfo<std::filesystem::path> &info) {
+    return testName(info.param.filename());
+}
+
+INSTANTIATE_TEST_SUITE_P(Files, RealRecording, testing::ValuesIn(realRecordings()), nameOf);
 
 } // namespace
 } // namespace barquell::recording
