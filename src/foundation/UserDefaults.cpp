@@ -8,7 +8,8 @@
 #include <QCoreApplication>
 #include <QPointer>
 
-#include <algorithm>
+#include <chrono>
+#include <utility>
 
 namespace barquell {
 

@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <limits>

@@ -171,7 +171,7 @@ TEST_F(UserDefaultsStoreTest, WhatIsStillUnsavedAtTheEndIsSaid) {
     store.outcome = Outcome::TryLater;
     defaults->setObject(2, kKey);
     EXPECT_TRUE(logged.lines.isEmpty());
-    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(qApp, "quit", Qt::QueuedConnection);
     QCoreApplication::exec();
     EXPECT_EQ(logged.lines.size(), 1);
 }
@@ -180,7 +180,7 @@ TEST_F(UserDefaultsStoreTest, WhatTheEndStillSavesIsNotSaid) {
     store.outcome = Outcome::TryLater;
     defaults->setObject(2, kKey);
     store.outcome = Outcome::Done;
-    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(qApp, "quit", Qt::QueuedConnection);
     QCoreApplication::exec();
     EXPECT_TRUE(logged.lines.isEmpty());
     EXPECT_TRUE(sameValue(store.read(), QVariantMap{{kKey, 2LL}}));

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QStringList>
+
+namespace barquell {
+
+/// `barquell defaults read|write|delete`: the settings at the prompt, on UserDefaults::standard(). The first
+/// argument is "defaults". Returns the exit code. Needs a QCoreApplication, but no running event loop.
+int runDefaults(const QStringList &arguments);
+
+} // namespace barquell

@@ -1,0 +1,58 @@
+#include "platform/linux/tapd/core/Client.h"
+
+namespace barquell::tapd {
+
+using protocol::ServerMessage;
+using protocol::ServerMessageType;
+
+namespace {
+
+ServerMessage messageOf(ServerMessageType type) {
+    ServerMessage message;
+    message.type = type;
+    return message;
+}
+
+ServerMessage barsMessage(ServerMessageType type, const PublicState &state) {
+    ServerMessage message = messageOf(type);
+    message.barsKnown = state.barsKnown;
+    message.barsGrabbed = state.barsGrabbed;
+    return message;
+}
+
+} // namespace
+
+bool Client::welcome(const PublicState &state) {
+    _welcome = true;
+    ServerMessage message = barsMessage(ServerMessageType::Welcome, state);
+    message.version = protocol::kVersion;
+    message.flags = state.flags;
+    return tell(message);
+}
+
+bool Client::tapCreated() {
+    return tell(messageOf(ServerMessageType::TapCreated));
+}
+
+bool Client::refuse(protocol::Refusal reason) {
+    ServerMessage message = messageOf(ServerMessageType::Refused);
+    message.reason = reason;
+    message.version = protocol::kVersion;
+    return tell(message);
+}
+
+void Client::settle(const PublicState &state) {
+    if (_owesDisabled) {
+        _owesDisabled = !tell(messageOf(ServerMessageType::DisabledByTimeout));
+    }
+    if (_owesFlags) {
+        ServerMessage message = messageOf(ServerMessageType::FlagsChanged);
+        message.flags = state.flags;
+        _owesFlags = !tell(message);
+    }
+    if (_owesBars) {
+        _owesBars = !tell(barsMessage(ServerMessageType::Bars, state));
+    }
+}
+
+} // namespace barquell::tapd

@@ -1,0 +1,32 @@
+#include "foundation/Values.h"
+#include "platform/linux/SettingsFile.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+void require(bool condition, const char *what) {
+    if (!condition) {
+        std::fprintf(stderr, "broken promise: %s\n", what);
+        std::abort();
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
+    using namespace barquell;
+    const QByteArray text(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size));
+    QString refusal;
+    const auto values = decodeSettings(text, refusal);
+    if (!values) {
+        require(!refusal.isEmpty(), "a refusal has a reason");
+        return 0;
+    }
+    require(sameValue(storableValue(*values).value_or(QVariant()), *values),
+            "what is read can be stored as it is");
+    const auto again = decodeSettings(encodeSettings(*values), refusal);
+    require(again && sameValue(*again, *values), "what is written is what was read");
+    return 0;
+}

@@ -1,0 +1,161 @@
+// What a running program notices of its settings file.
+
+#include "foundation/UserDefaults.h"
+#include "foundation/Values.h"
+#include "platform/SettingsFolder.h"
+#include "platform/linux/FileSettingsStore.h"
+#include "support/ChangeRecorder.h"
+#include "support/LogCapture.h"
+#include "support/Wait.h"
+
+#include <gmock/gmock.h>
+
+#include <memory>
+
+namespace barquell {
+namespace {
+
+const QString kKey = QStringLiteral("key");
+const QString kOther = QStringLiteral("other");
+constexpr std::chrono::milliseconds kQuiet{300}; // longer than an absence is doubted
+
+class FileSettingsWatchTest : public testing::Test {
+protected:
+    void start() {
+        store = std::make_unique<FileSettingsStore>(folder.path());
+        defaults = std::make_unique<UserDefaults>(store.get());
+        defaults->addObserver(recorder, kKey, {});
+        defaults->addObserver(recorder, kOther, {});
+    }
+
+    /// Waits for the next change and expects it to be the only one.
+    void expectTold(const QString &key, const QVariant &value) {
+        ASSERT_TRUE(test::waitFor([this] { return !recorder.changes.isEmpty(); }));
+        test::runFor(kQuiet);
+        ASSERT_EQ(recorder.changes.size(), 1);
+        EXPECT_EQ(recorder.changes.first().first, key);
+        EXPECT_TRUE(value.isValid() ? sameValue(recorder.changes.first().second, value)
+                                    : isNullObject(recorder.changes.first().second));
+        recorder.changes.clear();
+    }
+
+    void expectNothingTold() {
+        test::runFor(kQuiet);
+        EXPECT_TRUE(recorder.changes.isEmpty());
+    }
+
+    test::LogCapture logged;
+    test::SettingsFolder folder;
+    std::unique_ptr<FileSettingsStore> store;
+    std::unique_ptr<UserDefaults> defaults;
+    test::ChangeRecorder recorder;
+};
+
+TEST_F(FileSettingsWatchTest, AnExchangedFileIsNoticedAgainAndAgain) {
+    folder.put(R"({"key": 0, "other": 5})");
+    start();
+    for (const char digit : {'1', '2', '3'}) {
+        folder.exchange(QByteArray(R"({"key": )") + digit + R"(, "other": 5})");
+        expectTold(kKey, qlonglong{digit - '0'});
+    }
+}
+
+TEST_F(FileSettingsWatchTest, AnEditInPlaceIsNoticedAgainAndAgain) {
+    folder.put("{}");
+    start();
+    for (const char digit : {'1', '2', '3'}) {
+        folder.put(QByteArray(R"({"key": )") + digit + "}");
+        expectTold(kKey, qlonglong{digit - '0'});
+    }
+    EXPECT_TRUE(logged.lines.isEmpty());
+}
+
+TEST_F(FileSettingsWatchTest, AnEditInPlaceAfterAnExchangeIsNoticed) {
+    folder.put("{}");
+    start();
+    folder.exchange(R"({"key": 1})");
+    expectTold(kKey, 1LL);
+    folder.put(R"({"key": 2})");
+    expectTold(kKey, 2LL);
+}
+
+TEST_F(FileSettingsWatchTest, AHalfWrittenFileChangesNothingUntilItIsWhole) {
+    folder.put(R"({"key": 1})");
+    start();
+    folder.put(R"({"key": 2, "oth)");
+    expectNothingTold();
+    folder.put(R"({"key": 1, "other": 3})");
+    expectTold(kOther, 3LL);
+    EXPECT_TRUE(folder.setAside().isEmpty());
+    EXPECT_TRUE(logged.lines.isEmpty());
+}
+
+TEST_F(FileSettingsWatchTest, ADeletedFileIsAnEmptyDomainAndANewOneIsNoticed) {
+    folder.put(R"({"key": 1})");
+    start();
+    ASSERT_TRUE(QFile::remove(folder.path()));
+    expectTold(kKey, QVariant());
+    folder.put(R"({"key": 2})");
+    expectTold(kKey, 2LL);
+}
+
+TEST_F(FileSettingsWatchTest, AnAbsenceOfAMomentIsNotADeletion) {
+    folder.put(R"({"key": 1})");
+    start();
+    ASSERT_TRUE(QFile::rename(folder.path(), folder.path(QStringLiteral("backup"))));
+    QCoreApplication::processEvents();
+    folder.put(R"({"key": 1, "other": 2})");
+    expectTold(kOther, 2LL);
+}
+
+TEST_F(FileSettingsWatchTest, TheFirstFileEverIsNoticed) {
+    start();
+    folder.put(R"({"key": 1})");
+    expectTold(kKey, 1LL);
+}
+
+TEST_F(FileSettingsWatchTest, AFolderThatWasRemovedIsWatchedAgain) {
+    const QString path = folder.path(QStringLiteral("config/settings.json"));
+    FileSettingsStore(path).write(kKey, 1LL);
+    store = std::make_unique<FileSettingsStore>(path);
+    defaults = std::make_unique<UserDefaults>(store.get());
+    defaults->addObserver(recorder, kKey, {});
+    ASSERT_TRUE(QDir(folder.path(QStringLiteral("config"))).removeRecursively());
+    expectTold(kKey, QVariant());
+    FileSettingsStore(path).write(kKey, 2LL);
+    expectTold(kKey, 2LL);
+}
+
+TEST_F(FileSettingsWatchTest, BehindALinkTheFileIsWatchedToo) {
+    const QString target = folder.path(QStringLiteral("target/settings.json"));
+    FileSettingsStore(target).write(kKey, 1LL);
+    ASSERT_TRUE(QFile::link(target, folder.path()));
+    start();
+    FileSettingsStore(target).write(kKey, 2LL); // exchanges the file
+    expectTold(kKey, 2LL);
+    folder.put(R"({"key": 3})"); // writes through the link
+    expectTold(kKey, 3LL);
+}
+
+TEST_F(FileSettingsWatchTest, OurOwnWritesAreToldOnceEach) {
+    start();
+    defaults->setObject(1, kKey);
+    expectTold(kKey, 1LL);
+    defaults->setObject(1, kKey);
+    expectTold(kKey, 1LL);
+    defaults->removeObjectForKey(kKey);
+    expectTold(kKey, QVariant());
+    expectNothingTold();
+}
+
+TEST_F(FileSettingsWatchTest, AnotherStoresKeyIsToldBesideOurOwn) {
+    start();
+    FileSettingsStore(folder.path()).write(kOther, 1LL);
+    defaults->setObject(1, kKey);
+    EXPECT_TRUE(test::waitFor([this] { return recorder.changes.size() == 2; }));
+    test::runFor(kQuiet);
+    EXPECT_EQ(recorder.changes.size(), 2);
+}
+
+} // namespace
+} // namespace barquell
