@@ -123,22 +123,22 @@ TEST_F(InterceptorCallbackTest, ATimeoutWhilePausedDoesNotEnableTheTap) {
     // The system's word can arrive after the pause has disabled the tap.
     TouchBarInterceptor::updatePauseFlags(PauseFlagBypassedApp, true);
     forget();
-    ASSERT_NE(taps.callback(), nullptr);
-    taps.callback()(EventType::TapDisabledByTimeout, nullptr);
+    ASSERT_NE(taps.installedCallback(), nullptr);
+    taps.installedCallback()(EventType::TapDisabledByTimeout, nullptr);
     EXPECT_THAT(taps.journal, IsEmpty());
     EXPECT_TRUE(touchPasses());
 }
 
 TEST_F(InterceptorCallbackTest, ANullEventIsNoTouch) {
-    EXPECT_EQ(taps.callback()(EventType::Gesture, nullptr), nullptr);
-    EXPECT_EQ(taps.callback()(EventType::FlagsChanged, nullptr), nullptr);
+    EXPECT_EQ(taps.installedCallback()(EventType::Gesture, nullptr), nullptr);
+    EXPECT_EQ(taps.installedCallback()(EventType::FlagsChanged, nullptr), nullptr);
     EXPECT_THAT(sources, IsEmpty());
 }
 
 TEST_F(InterceptorCallbackTest, AnEventThatNobodyAskedForPasses) {
     constexpr auto kKeyDown = static_cast<EventType>(10);
     ScriptedEvent event(kKeyDown, kFlagFn);
-    EXPECT_EQ(taps.callback()(kKeyDown, &event), &event);
+    EXPECT_EQ(taps.installedCallback()(kKeyDown, &event), &event);
     EXPECT_EQ(event.flags(), kFlagFn);
     EXPECT_THAT(sources, IsEmpty());
 }

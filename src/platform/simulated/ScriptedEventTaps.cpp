@@ -30,7 +30,7 @@ public:
 
     bool delivers() const { return _enabled && _attached; }
     bool wants(EventType type) const { return (_mask & maskOf(type)) != 0; }
-    EventTapCallback callback() const { return _callback; }
+    EventTapCallback handler() const { return _callback; }
     void disable() { _enabled = false; }
     void attach(bool attached) { _attached = attached; }
     ScriptedEventTaps &taps() { return _taps; }
@@ -92,19 +92,19 @@ ScriptedEventTaps::Tap *ScriptedEventTaps::deliveringTap() const {
     return tap == _taps.end() ? nullptr : *tap;
 }
 
-EventTapCallback ScriptedEventTaps::callback() const {
-    return _taps.empty() ? nullptr : _taps.front()->callback();
+EventTapCallback ScriptedEventTaps::installedCallback() const {
+    return _taps.empty() ? nullptr : _taps.front()->handler();
 }
 
 bool ScriptedEventTaps::deliver(ScriptedEvent &event) {
     const Tap *tap = deliveringTap();
-    return !tap || !tap->wants(event.type) || tap->callback()(event.type, &event) != nullptr;
+    return !tap || !tap->wants(event.type) || tap->handler()(event.type, &event) != nullptr;
 }
 
 void ScriptedEventTaps::timeOut() {
     if (Tap *tap = deliveringTap()) {
         tap->disable();
-        tap->callback()(EventType::TapDisabledByTimeout, nullptr);
+        tap->handler()(EventType::TapDisabledByTimeout, nullptr);
     }
 }
 

@@ -26,7 +26,7 @@ public:
     void timeOut();
 
     /// What the installed tap calls, for calls that no script of events makes; nullptr without a tap.
-    EventTapCallback callback() const;
+    EventTapCallback installedCallback() const;
 
     int timesUserWasAsked() const { return _timesAsked; }
 

@@ -1,0 +1,89 @@
+// decision CASE COUNT: sends COUNT events of one kind through the live callback of the interceptor and prints
+// how many of them were swallowed and how often memory was allocated meanwhile. `bench/run` counts its
+// instructions.
+
+#include "app/RegisteredDefaults.h"
+#include "blocking/TouchBarInterceptor.h"
+#include "foundation/Log.h"
+#include "foundation/VirtualRunLoop.h"
+#include "platform/simulated/ScriptedPlatform.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+
+namespace {
+
+long allocations = 0;
+
+} // namespace
+
+void *operator new(std::size_t size) {
+    ++allocations;
+    if (void *memory = std::malloc(size)) {
+        return memory;
+    }
+    throw std::bad_alloc();
+}
+
+void operator delete(void *memory) noexcept {
+    std::free(memory);
+}
+
+void operator delete(void *memory, std::size_t /*size*/) noexcept {
+    std::free(memory);
+}
+
+namespace {
+
+using namespace barquell;
+
+ScriptedEvent eventOf(const char *name) {
+    ScriptedEvent event(EventType::Gesture);
+    if (std::strcmp(name, "blocked") == 0) {
+        return event.touch(kTouchMoved);
+    }
+    if (std::strcmp(name, "ended") == 0) {
+        return event.touch(kTouchEnded);
+    }
+    if (std::strcmp(name, "paused") == 0) {
+        event.modifierFlags = kFlagFn;
+        return event.touch(kTouchMoved);
+    }
+    if (std::strcmp(name, "media-key") == 0) {
+        return ScriptedEvent(EventType::SystemDefined, kFlagFn);
+    }
+    std::fprintf(stderr, "decision: no case '%s'\n", name);
+    std::exit(2);
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    if (argc != 3) {
+        std::fputs("usage: decision blocked|ended|paused|media-key COUNT\n", stderr);
+        return 2;
+    }
+    setLogSink([](const QString &) {});
+    static VirtualRunLoop loop;
+    static ScriptedPlatform platform;
+    RunLoop::setMain(&loop);
+    platform.install();
+    registerDefaults();
+    TouchBarInterceptor::subscribeToUserDefaults();
+    const EventTapCallback callback = platform.taps.installedCallback();
+    const ScriptedEvent prototype = eventOf(argv[1]);
+    ScriptedEvent warmUp = prototype; // a flip of the state, which is announced, happens here
+    callback(warmUp.type, &warmUp);
+
+    const long count = std::atol(argv[2]);
+    const long before = allocations;
+    long swallowed = 0;
+    for (long i = 0; i < count; ++i) {
+        ScriptedEvent event = prototype;
+        swallowed += callback(event.type, &event) == nullptr ? 1 : 0;
+    }
+    std::printf("%ld swallowed, %ld allocations\n", swallowed, allocations - before);
+    return 0;
+}
