@@ -2,25 +2,33 @@
 
 #include "evdev/KeyMeaning.h"
 
-#include <string_view>
-
 namespace barquell::evdev {
 
 namespace {
-
-bool isTouchBarName(std::string_view name) {
-    return name == "Apple Inc. Touch Bar Display Touchpad" || name.ends_with(" Touch Bar");
-}
 
 bool hasRange(const DeviceDescription &device, std::uint16_t code) {
     const auto axis = device.axes.find(code);
     return axis != device.axes.end() && axis->second.minimum < axis->second.maximum;
 }
 
+template <typename Predicate>
+bool hasKey(const DeviceDescription &device, Predicate isWanted) {
+    for (std::size_t code = 0; code < device.keys.size(); ++code) {
+        if (device.keys.test(code) && isWanted(static_cast<std::uint16_t>(code))) {
+            return true;
+        }
+    }
+    return false;
+}
+
 } // namespace
 
+bool hasTouchBarName(const DeviceDescription &device) {
+    return device.name == "Apple Inc. Touch Bar Display Touchpad" || device.name.ends_with(" Touch Bar");
+}
+
 bool isTouchBar(const DeviceDescription &device) {
-    if (!isTouchBarName(device.name) || !device.properties.test(kInputPropDirect)) {
+    if (!hasTouchBarName(device) || !device.properties.test(kInputPropDirect)) {
         return false;
     }
     const auto slots = device.axes.find(kAbsMtSlot);
@@ -30,14 +38,12 @@ bool isTouchBar(const DeviceDescription &device) {
            hasRange(device, kAbsMtPositionY);
 }
 
+bool hasModifierKey(const DeviceDescription &device) {
+    return hasKey(device, [](std::uint16_t key) { return modifierFlagsOf(key) != 0; });
+}
+
 bool isKeyboard(const DeviceDescription &device) {
-    for (std::size_t code = 0; code < device.keys.size(); ++code) {
-        const auto key = static_cast<std::uint16_t>(code);
-        if (device.keys.test(code) && (modifierFlagsOf(key) != 0 || isMediaKey(key))) {
-            return true;
-        }
-    }
-    return false;
+    return hasModifierKey(device) || hasKey(device, isMediaKey);
 }
 
 } // namespace barquell::evdev

@@ -38,6 +38,17 @@ bool TouchReader::feed(const InputEvent &event) {
     return false;
 }
 
+void TouchReader::resync(const Contacts &held, std::int32_t slot) {
+    _incoming.resize(std::max(_incoming.size(), std::min(held.size(), static_cast<std::size_t>(_slotCount))));
+    for (std::size_t i = 0; i < _incoming.size(); ++i) {
+        _incoming[i] = slotAt(held, i);
+    }
+    _slot = slot;
+    _dropped = false;
+    _incomingTimestamp.reset();
+    completeFrame();
+}
+
 void TouchReader::feedAxis(const InputEvent &event) {
     if (event.code == kAbsMtSlot) {
         _slot = event.value;

@@ -18,6 +18,10 @@ public:
     /// True where the event completes a frame.
     bool feed(const InputEvent &event);
 
+    /// Takes over what the device said it holds when it was asked, after events were lost, and completes a
+    /// frame with it. `slot` is the device's current one.
+    void resync(const Contacts &held, std::int32_t slot);
+
     /// The last complete frame.
     const TouchFrame &frame() const { return _frame; }
 

@@ -22,10 +22,15 @@ public:
     /// More than a bar sends in the time that a client has for its answer.
     static constexpr std::size_t kRoom = 128;
 
+    /// A read brings 64 events at most, a frame has two at least, and lost events add one.
+    static constexpr std::size_t kRoomForOneRead = 33;
+
     FrameQueue();
 
     bool isEmpty() const { return _count == 0; }
     bool isFull() const { return _count == kRoom; }
+    /// Is there no room left for what a single read of a bar can bring?
+    bool isCrowded() const { return _count + kRoomForOneRead > kRoom; }
     std::size_t count() const { return _count; }
 
     /// Not of an empty queue.

@@ -35,8 +35,8 @@ public:
     /// The bar is about to go.
     void forget(const BarRelay &bar) { _queue.forget(bar); }
 
-    /// While it is full the bars are not to be read: what they report waits in the kernel.
-    bool isFull() const { return _queue.isFull(); }
+    /// The bars are then not to be read: what they report waits in the kernel.
+    bool isCrowded() const { return _queue.isCrowded(); }
     std::size_t framesOut() const { return _queue.count(); }
 
     std::optional<Time> deadline() const;

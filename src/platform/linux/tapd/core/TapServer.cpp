@@ -93,6 +93,7 @@ void TapServer::createTap(Client &client, EventMask mask, Time now) {
 
 void TapServer::closeTap(Time now) {
     _tap.close();
+    _log.line("the tap has ended");
     _lingerUntil = now + std::chrono::microseconds(protocol::kGrabLinger);
     updateWanted(now);
 }
@@ -112,7 +113,6 @@ void TapServer::drop(Client &client, std::string_view why, Time now) {
 void TapServer::forget(Clients::iterator client, Time now) {
     if (_tap.isOpenFor(**client)) {
         closeTap(now);
-        _log.line((*client)->link().name() + ": its tap has ended");
     }
     _clients.erase(client);
 }
@@ -179,7 +179,7 @@ void TapServer::cloneAppeared(BarPort &port, Time now) {
 
 bool TapServer::reads(const BarPort &port) const {
     const BarRelay *bar = relayOf(port);
-    return bar && bar->needsEvents() && !_tap.isFull();
+    return bar && bar->needsEvents() && !_tap.isCrowded();
 }
 
 void TapServer::keyboardRead(int keyboard, std::span<const evdev::InputEvent> events) {

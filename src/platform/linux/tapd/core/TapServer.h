@@ -52,8 +52,7 @@ private:
     BarRelay *relayOf(const BarPort &port) const;
     void handle(Client &client, const protocol::ClientMessage &message, Time now);
     bool handleTap(Client &client, const protocol::ClientMessage &message, Time now);
-    bool greet(Client &client, std::uint32_t version);
-    bool createTap(Client &client, EventMask mask, Time now);
+    void createTap(Client &client, EventMask mask, Time now);
     void closeTap(Time now);
     void refuse(Client &client, protocol::Refusal reason, std::string_view why, Time now);
     void drop(Client &client, std::string_view why, Time now);

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "evdev/InputEvent.h"
+
+#include <array>
+#include <span>
+
+namespace barquell::tapd {
+
+/// Events of one wake-up, as many as are read at once.
+using EventBatch = std::array<evdev::InputEvent, 64>;
+
+struct ReadResult {
+    std::span<const evdev::InputEvent> events; ///< in the batch
+    bool isGone = false;                       ///< the device was unplugged
+};
+
+/// Reads from an evdev node that does not wait.
+ReadResult readEvents(int node, EventBatch &batch);
+
+} // namespace barquell::tapd

@@ -1,0 +1,126 @@
+#include "platform/linux/tapd/service/Daemon.h"
+
+#include <algorithm>
+#include <csignal>
+#include <sys/signalfd.h>
+
+namespace barquell::tapd {
+
+namespace {
+
+FileDescriptor endSignals() {
+    sigset_t signals;
+    ::sigemptyset(&signals);
+    ::sigaddset(&signals, SIGTERM);
+    ::sigaddset(&signals, SIGINT);
+    ::sigprocmask(SIG_BLOCK, &signals, nullptr);
+    return FileDescriptor(::signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC));
+}
+
+} // namespace
+
+Daemon::Daemon(const Listener &listener, Log &log)
+    : _listener(listener), _signals(endSignals()), _server(log), _devices(_server, _poller, log) {}
+
+bool Daemon::start() {
+    _running = _poller.add(Source::Signals, _signals.get()) &&
+               _poller.add(Source::Listener, _listener.descriptor()) && _devices.start();
+    return _running;
+}
+
+void Daemon::run() {
+    Time now = std::chrono::steady_clock::now();
+    while (_running) {
+        _devices.updateWanted();
+        updateClients();
+        const auto ready = _poller.wait(millisecondsToWait(now));
+        now = std::chrono::steady_clock::now();
+        for (const Ready &one : ready) {
+            serve(one, now);
+        }
+        _server.advance(now);
+    }
+}
+
+int Daemon::millisecondsToWait(Time now) const {
+    const auto deadline = _server.deadline();
+    if (!deadline) {
+        return -1;
+    }
+    const auto rest = std::chrono::ceil<std::chrono::milliseconds>(*deadline - now);
+    return static_cast<int>(std::max<std::int64_t>(0, rest.count()));
+}
+
+void Daemon::serve(const Ready &ready, Time now) {
+    switch (ready.source) {
+    case Source::Signals:
+        _running = false;
+        break;
+    case Source::Keyboard:
+        _devices.readKeyboard(ready.descriptor);
+        break;
+    case Source::Client:
+        serveClient(ready, now);
+        break;
+    case Source::Bar:
+        _devices.readBar(ready.descriptor, now);
+        break;
+    case Source::Listener:
+        accept(now);
+        break;
+    case Source::Devices:
+        _devices.readWatch();
+        break;
+    }
+}
+
+void Daemon::accept(Time now) {
+    FileDescriptor socket = _listener.accept();
+    const int key = socket.get();
+    if (!socket.isValid() || !_poller.add(Source::Client, key)) {
+        return;
+    }
+    const auto client = _clients.emplace(key, Client{Connection(std::move(socket))}).first;
+    _server.connected(client->second.connection, now);
+}
+
+/// One packet a turn, so that a client that talks without end leaves the others theirs.
+void Daemon::serveClient(const Ready &ready, Time now) {
+    const auto client = _clients.find(ready.descriptor);
+    if (client == _clients.end() || client->second.connection.isClosed()) {
+        return;
+    }
+    Connection &connection = client->second.connection;
+    if (ready.writable) {
+        _server.writable(connection);
+    }
+    if (!ready.readable) {
+        return;
+    }
+    Connection::Packet packet;
+    std::size_t size = 0;
+    switch (connection.receive(packet, size)) {
+    case Connection::Received::Packet:
+        _server.received(connection, std::span(packet).first(size), now);
+        break;
+    case Connection::Received::End:
+        _server.disconnected(connection, now);
+        connection.close();
+        break;
+    case Connection::Received::Nothing:
+        break;
+    }
+}
+
+void Daemon::updateClients() {
+    std::erase_if(_clients, [](const auto &entry) { return entry.second.connection.isClosed(); });
+    for (auto &[descriptor, client] : _clients) {
+        const bool wantsRoom = _server.owes(client.connection);
+        if (wantsRoom != client.wantsRoom) {
+            _poller.want(Source::Client, descriptor, true, wantsRoom);
+            client.wantsRoom = wantsRoom;
+        }
+    }
+}
+
+} // namespace barquell::tapd

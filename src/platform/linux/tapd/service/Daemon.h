@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/linux/tapd/service/Connection.h"
+#include "platform/linux/tapd/service/InputDevices.h"
+#include "platform/linux/tapd/service/Listener.h"
+
+namespace barquell::tapd {
+
+/// The running service: one loop that brings what happens to the rules.
+class Daemon {
+public:
+    Daemon(const Listener &listener, Log &log);
+
+    /// False where the system does not give what it takes.
+    bool start();
+
+    /// Until a signal asks for the end.
+    void run();
+
+private:
+    struct Client {
+        Connection connection;
+        bool wantsRoom = false;
+    };
+
+    int millisecondsToWait(Time now) const;
+    void serve(const Ready &ready, Time now);
+    void accept(Time now);
+    void serveClient(const Ready &ready, Time now);
+    void updateClients();
+
+    const Listener &_listener;
+    Poller _poller;
+    FileDescriptor _signals;
+    TapServer _server;
+    InputDevices _devices; // goes before the server
+    std::map<int, Client> _clients;
+    bool _running = false;
+};
+
+} // namespace barquell::tapd

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/linux/protocol/Protocol.h"
+
+#include <optional>
+#include <string>
+#include <sys/types.h>
+
+namespace barquell::tapd {
+
+/// Who may connect is who may write to the socket.
+struct SocketOptions {
+    std::string path = protocol::kDefaultSocket;
+    mode_t mode = 0660;
+    std::string group; ///< empty: the server's own
+};
+
+enum class Task { Serve, Help, Version };
+
+struct Options {
+    Task task = Task::Serve;
+    SocketOptions socket;
+};
+
+/// Nothing where they are wrong; a line on standard error has then said why.
+std::optional<Options> optionsFrom(int argc, char **argv);
+
+extern const char *const kUsage;
+
+} // namespace barquell::tapd
