@@ -136,7 +136,7 @@ INSTANTIATE_TEST_SUITE_P(Each, DamagedSettings,
                                          Damage{"BadUtf8", "{\"a\": \"\xFF\xFE\"}", "at byte"},
                                          Damage{"Null", R"({"a": null})", "null"},
                                          Damage{"Huge", QByteArray((16 << 20) + 1, ' '), "larger than"}),
-                         [](const auto &info) { return std::string(info.param.name); });
+                         [](const auto &instance) { return std::string(instance.param.name); });
 
 TEST_F(FileSettingsStoreTest, APipeIsSetAsideWithoutWaiting) {
     ASSERT_EQ(::mkfifo(qPrintable(folder.path()), 0600), 0);

@@ -10,6 +10,8 @@
 
 #include <gmock/gmock.h>
 
+#include <unistd.h>
+
 #include <memory>
 
 namespace barquell {
@@ -79,6 +81,16 @@ TEST_F(FileSettingsWatchTest, AnEditInPlaceAfterAnExchangeIsNoticed) {
     expectTold(kKey, 2LL);
 }
 
+TEST_F(FileSettingsWatchTest, AnEditInPlaceIsNoticedAlsoWhereABackupKeepsTheOldFileAlive) {
+    folder.put("{}");
+    start();
+    ASSERT_EQ(::link(qPrintable(folder.path()), qPrintable(folder.path(QStringLiteral("backup")))), 0);
+    folder.exchange(R"({"key": 1})");
+    expectTold(kKey, 1LL);
+    folder.put(R"({"key": 2})");
+    expectTold(kKey, 2LL);
+}
+
 TEST_F(FileSettingsWatchTest, AHalfWrittenFileChangesNothingUntilItIsWhole) {
     folder.put(R"({"key": 1})");
     start();
@@ -103,7 +115,9 @@ TEST_F(FileSettingsWatchTest, AnAbsenceOfAMomentIsNotADeletion) {
     folder.put(R"({"key": 1})");
     start();
     ASSERT_TRUE(QFile::rename(folder.path(), folder.path(QStringLiteral("backup"))));
-    QCoreApplication::processEvents();
+    for (int turn = 0; turn < 10; ++turn) { // it is noticed, but not yet believed
+        QCoreApplication::processEvents();
+    }
     folder.put(R"({"key": 1, "other": 2})");
     expectTold(kOther, 2LL);
 }

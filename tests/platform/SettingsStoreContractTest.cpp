@@ -179,7 +179,7 @@ const std::initializer_list<BackendKind> kBackends{
     {"File", []() -> std::unique_ptr<Backend> { return std::make_unique<FileBackend>(); }}};
 
 INSTANTIATE_TEST_SUITE_P(Stores, SettingsStoreContract, testing::ValuesIn(kBackends),
-                         [](const auto &info) { return std::string(info.param.name); });
+                         [](const auto &instance) { return std::string(instance.param.name); });
 
 } // namespace
 } // namespace barquell
