@@ -4,6 +4,8 @@
 #include "app/commands/Arguments.h"
 #include "app/commands/DefaultsCommand.h"
 #include "app/commands/ReplayCommand.h"
+#include "app/commands/StartCommand.h"
+#include "app/commands/StatusCommand.h"
 #include "foundation/Log.h"
 
 #include <QCoreApplication>
@@ -28,13 +30,15 @@ int runOnStoredSettings(const QStringList &arguments) {
 }
 
 constexpr std::array kCommands{
+    Command{"status", "say what is running, trusted and held", runStatus},
+    Command{"doctor", "check what is needed, and say what mends what is missing", runDoctor},
     Command{"replay", "say what becomes of recorded touches", runReplay},
     Command{"defaults", "read, write or delete settings", runOnStoredSettings},
 };
 
 int printHelp() {
-    std::puts("Usage: barquell COMMAND [options]\n\n"
-              "Barquell holds accidental touches of the Touch Bar back.\n\n"
+    std::puts("Usage: barquell [COMMAND [options]]\n\n"
+              "Barquell holds accidental touches of the Touch Bar back. Without a command it starts.\n\n"
               "Commands:");
     for (const Command &command : kCommands) {
         std::printf("  %-10s %s\n", command.name, command.summary);
@@ -57,7 +61,10 @@ bool isOneOf(const QString &word, std::initializer_list<const char *> words) {
 } // namespace
 
 int runCommand(const QStringList &words) {
-    const QString word = words.value(0);
+    if (words.isEmpty()) {
+        return runStart(words);
+    }
+    const QString &word = words.constFirst();
     if (isOneOf(word, {"--version", "-v"})) {
         return printVersion();
     }
@@ -70,9 +77,7 @@ int runCommand(const QStringList &words) {
     if (command != kCommands.end()) {
         return command->run(words);
     }
-    const QString complaint =
-        word.isEmpty() ? QStringLiteral("no command given") : QStringLiteral("no command '%1'").arg(word);
-    logToStandardError(complaint + QStringLiteral(" (see 'barquell --help')"));
+    logToStandardError(QStringLiteral("no command '%1' (see 'barquell --help')").arg(word));
     return kExitUsage;
 }
 

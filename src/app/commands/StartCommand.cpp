@@ -1,0 +1,59 @@
+#include "app/commands/StartCommand.h"
+
+#include "app/Place.h"
+#include "app/RegisteredDefaults.h"
+#include "app/commands/Arguments.h"
+#include "app/live/RunningCopy.h"
+#include "app/live/TerminationSignals.h"
+#include "blocking/TouchBarInterceptor.h"
+#include "foundation/Log.h"
+#include "foundation/NotificationCenter.h"
+#include "foundation/RunLoop.h"
+
+#include <QCoreApplication>
+
+namespace barquell {
+
+namespace {
+
+QString sourceName(int source) {
+    switch (source) {
+    case StateChangeSourceTap:
+        return QStringLiteral("the tap");
+    case StateChangeSourcePauseKeys:
+        return QStringLiteral("the pause keys");
+    default:
+        return QStringLiteral("a pause flag");
+    }
+}
+
+void logStateChange(const Notification &notification) {
+    const int source = notification.userInfo.value(QStringLiteral("source")).toInt();
+    const QString state =
+        TouchBarInterceptor::effectivelyEnabled() ? QStringLiteral("in force") : QStringLiteral("suspended");
+    log(QStringLiteral("Blocking is %1 (%2)").arg(state, sourceName(source)));
+}
+
+} // namespace
+
+int runStart(const QStringList & /*arguments*/) {
+    RunningCopy copy;
+    if (!copy.claim()) {
+        return failure(QStringLiteral("another copy is running (see 'barquell status')"));
+    }
+    const TerminationSignals signalled([] { QCoreApplication::quit(); });
+    installThisMachine();
+    registerDefaults();
+    QObject observer;
+    NotificationCenter::defaultCenter().addObserver(observer, touchBarStateChangedNotification(),
+                                                    logStateChange);
+    RunLoop::main().performAsync([] {
+        TouchBarInterceptor::subscribeToUserDefaults();
+        if (!TrustedProcessChecker::isTrusted()) {
+            log(QStringLiteral("Not trusted to filter; touches pass (see 'barquell doctor')"));
+        }
+    });
+    return QCoreApplication::exec();
+}
+
+} // namespace barquell

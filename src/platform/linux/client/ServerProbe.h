@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/linux/protocol/Protocol.h"
+
+#include <QString>
+
+#include <chrono>
+#include <variant>
+
+namespace barquell {
+
+/// Why the tap server could not be asked.
+enum class ProbeFailure {
+    Absent,    ///< there is no socket
+    Forbidden, ///< the socket is there, but not for us
+    Silent,    ///< nobody listens, or nobody answers in time
+    Refused,   ///< another version, or no room
+};
+
+/// Asks the tap server how it is; waits for its answer until the limit. Any thread.
+std::variant<protocol::ServerMessage, ProbeFailure> probeServer(const QString &socketPath,
+                                                                std::chrono::milliseconds limit);
+
+} // namespace barquell

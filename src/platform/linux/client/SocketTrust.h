@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/AccessibilityTrust.h"
+#include "platform/DistributedNotifications.h"
+
+#include <QFileSystemWatcher>
+#include <QString>
+
+namespace barquell {
+
+/// Until a grant exists, who may speak to the tap server may filter: the socket's owner and mode decide.
+class SocketTrust final : public AccessibilityTrust {
+public:
+    /// Posts the accessibility notification when the socket comes, goes or changes its mode. The
+    /// notifications must outlive this.
+    SocketTrust(QString socketPath, DistributedNotifications &notifications);
+
+    bool isProcessTrusted() const override;
+
+private:
+    void watchFolder();
+
+    const QString _socketPath;
+    DistributedNotifications &_notifications;
+    QFileSystemWatcher _watcher;
+};
+
+} // namespace barquell

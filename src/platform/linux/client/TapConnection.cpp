@@ -1,0 +1,66 @@
+#include "platform/linux/client/TapConnection.h"
+
+#include "foundation/RunLoop.h"
+#include "platform/linux/client/ServerSocket.h"
+
+namespace barquell {
+
+namespace {
+
+/// How many messages are taken in one go, so that a flood leaves room for the rest of the run loop.
+constexpr int kMessagesAtOnce = 64;
+
+} // namespace
+
+std::unique_ptr<TapConnection> TapConnection::open(const QString &socketPath, MessageHandler onMessage,
+                                                   LossHandler onLoss) {
+    FileDescriptor socket = connectToServer(socketPath.toLocal8Bit());
+    if (!socket.isValid()) {
+        return nullptr;
+    }
+    std::unique_ptr<TapConnection> connection(
+        new TapConnection(std::move(socket), std::move(onMessage), std::move(onLoss)));
+    connection->send({.type = protocol::ClientMessageType::Hello, .version = protocol::kVersion});
+    return connection;
+}
+
+TapConnection::TapConnection(FileDescriptor socket, MessageHandler onMessage, LossHandler onLoss)
+    : _socket(std::move(socket)), _onMessage(std::move(onMessage)), _onLoss(std::move(onLoss)),
+      _notifier(_socket.get(), QSocketNotifier::Read), _alive(std::make_shared<char>()) {
+    QObject::connect(&_notifier, &QSocketNotifier::activated, &_notifier, [this] { readAll(); });
+}
+
+void TapConnection::send(const protocol::ClientMessage &message) {
+    if (!sendToServer(_socket, message)) {
+        lose();
+    }
+}
+
+void TapConnection::readAll() {
+    for (int i = 0; i < kMessagesAtOnce && !_lost; ++i) {
+        bool ended = false;
+        const auto message = receiveFromServer(_socket, ended);
+        if (ended) {
+            lose();
+        }
+        if (!message) {
+            return;
+        }
+        _onMessage(*message);
+    }
+}
+
+void TapConnection::lose() {
+    if (std::exchange(_lost, true)) {
+        return;
+    }
+    _notifier.setEnabled(false);
+    // Later, since whoever is sending still stands in the middle of something.
+    RunLoop::main().performAsync([alive = std::weak_ptr<char>(_alive), onLoss = _onLoss] {
+        if (!alive.expired()) {
+            onLoss();
+        }
+    });
+}
+
+} // namespace barquell

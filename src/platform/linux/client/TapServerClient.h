@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/EventTap.h"
+#include "platform/ModifierState.h"
+#include "platform/linux/client/TapConnection.h"
+
+#include <QFileSystemWatcher>
+
+#include <cstdint>
+
+namespace barquell {
+
+/// The taps and the modifier keys of this place, both from the tap server. A tap outlives the server: when
+/// that is back the tap is installed again as it was last asked to be, and until then touches pass. One tap
+/// at a time. Main thread only.
+class TapServerClient final : public EventTaps, public ModifierState {
+public:
+    explicit TapServerClient(QString socketPath);
+    ~TapServerClient() override;
+    Q_DISABLE_COPY_MOVE(TapServerClient)
+
+    /// Refused where we may not speak to the server, and while there is a tap already.
+    std::unique_ptr<EventTap> create(EventMask mask, EventTapCallback callback) override;
+
+    /// Known while connected, that is while there is or was a tap; 0 before.
+    ModifierFlags currentFlags() const override { return _flags; }
+
+private:
+    class Tap;
+    class Source;
+
+    /// The tap that the server has for us.
+    enum class Remote { None, Asked, Installed };
+
+    void connect();
+    void askForTap();
+    void tryAgainLater();
+    void complain(const QString &line);
+    void serverWentAway();
+    void handle(const protocol::ServerMessage &message);
+    void handleTapCreated();
+    void handleRefusal(const protocol::ServerMessage &message);
+    void handleFrame(const protocol::ServerMessage &message);
+    void handleFlags(ModifierFlags flags);
+    void send(const protocol::ClientMessage &message);
+
+    const QString _socketPath;
+    std::unique_ptr<TapConnection> _connection;
+    Tap *_tap = nullptr; // takes itself out
+    Remote _remote = Remote::None;
+    std::uint64_t _made = 0;  // taps so far
+    std::uint64_t _asked = 0; // which of them the server was last asked for
+    ModifierFlags _flags = 0;
+    QFileSystemWatcher _watcher; // the server's folder: a new server makes a new socket
+    bool _tryingAgain = false;
+    bool _complained = false; // one line until all is well again
+    std::shared_ptr<char> _alive;
+};
+
+} // namespace barquell
