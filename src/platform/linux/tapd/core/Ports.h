@@ -66,6 +66,7 @@ public:
 
     /// False where the kernel refuses.
     virtual bool createClone() = 0;
+    /// What it was sent still reaches its readers.
     virtual void destroyClone() = 0;
 
     /// False where the clone is of no use any more.

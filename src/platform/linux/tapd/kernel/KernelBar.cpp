@@ -8,8 +8,8 @@
 
 namespace barquell::tapd {
 
-KernelBar::KernelBar(FileDescriptor node, evdev::DeviceDescription description)
-    : _node(std::move(node)), _description(std::move(description)) {
+KernelBar::KernelBar(FileDescriptor node, evdev::DeviceDescription description, CloneYard &yard)
+    : _node(std::move(node)), _description(std::move(description)), _yard(&yard) {
     int clock = CLOCK_MONOTONIC;
     ::ioctl(_node.get(), EVIOCSCLOCKID, &clock);
 }
@@ -40,6 +40,13 @@ bool KernelBar::grab() {
 bool KernelBar::createClone() {
     _clone = UinputDevice::create(cloneDescription(_description), kClonePhys);
     return _clone.has_value();
+}
+
+void KernelBar::destroyClone() {
+    if (_clone) {
+        _yard->retire(std::move(*_clone), std::chrono::steady_clock::now());
+        _clone.reset();
+    }
 }
 
 bool KernelBar::sendToClone(std::span<const evdev::InputEvent> events) {

@@ -2,6 +2,7 @@
 
 #include "platform/linux/FileDescriptor.h"
 #include "platform/linux/tapd/core/Ports.h"
+#include "platform/linux/tapd/kernel/CloneYard.h"
 #include "platform/linux/tapd/kernel/EventReader.h"
 #include "platform/linux/tapd/kernel/Grab.h"
 #include "platform/linux/tapd/kernel/UinputDevice.h"
@@ -11,7 +12,7 @@ namespace barquell::tapd {
 /// A bar's evdev node.
 class KernelBar final : public BarPort {
 public:
-    KernelBar(FileDescriptor node, evdev::DeviceDescription description);
+    KernelBar(FileDescriptor node, evdev::DeviceDescription description, CloneYard &yard);
 
     int node() const { return _node.get(); }
     const evdev::DeviceDescription &description() const { return _description; }
@@ -25,7 +26,7 @@ public:
     bool grab() override;
     void ungrab() override { _grab.reset(); }
     bool createClone() override;
-    void destroyClone() override { _clone.reset(); }
+    void destroyClone() override;
     bool sendToClone(std::span<const evdev::InputEvent> events) override;
 
 private:
@@ -33,6 +34,7 @@ private:
     evdev::DeviceDescription _description;
     std::optional<Grab> _grab; // goes before the node
     std::optional<UinputDevice> _clone;
+    CloneYard *_yard;
 };
 
 } // namespace barquell::tapd

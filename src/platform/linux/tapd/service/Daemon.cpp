@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <csignal>
 #include <sys/signalfd.h>
+#include <thread>
 
 namespace barquell::tapd {
 
@@ -39,11 +40,20 @@ void Daemon::run() {
             serve(one, now);
         }
         _server.advance(now);
+        _devices.advance(now);
+    }
+    _devices.close();
+    while (const auto last = _devices.deadline()) {
+        std::this_thread::sleep_until(*last);
+        _devices.advance(*last);
     }
 }
 
 int Daemon::millisecondsToWait(Time now) const {
-    const auto deadline = _server.deadline();
+    auto deadline = _server.deadline();
+    if (const auto other = _devices.deadline()) {
+        deadline = deadline ? std::min(*deadline, *other) : *other;
+    }
     if (!deadline) {
         return -1;
     }

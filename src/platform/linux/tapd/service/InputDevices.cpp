@@ -20,10 +20,11 @@ bool InputDevices::start() {
     return true;
 }
 
-InputDevices::~InputDevices() {
+void InputDevices::close() {
     for (auto &[node, bar] : _bars) {
         _server.barRemoved(bar.device);
     }
+    _bars.clear();
 }
 
 void InputDevices::found(const FoundDevice &device) {
@@ -64,7 +65,8 @@ void InputDevices::foundClone(const std::string &sysname) {
 void InputDevices::addBar(FileDescriptor node, const evdev::DeviceDescription &description,
                           const std::string &sysname) {
     const int key = node.get();
-    auto &bar = _bars.emplace(key, Bar{KernelBar(std::move(node), description), sysname}).first->second;
+    auto &bar =
+        _bars.emplace(key, Bar{KernelBar(std::move(node), description, _yard), sysname}).first->second;
     if (!_poller.add(Source::Bar, key) ||
         !_server.barAdded(description, bar.device, std::chrono::steady_clock::now())) {
         _bars.erase(key);

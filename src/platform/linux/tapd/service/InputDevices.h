@@ -16,7 +16,7 @@ public:
     static constexpr std::size_t kMaximumKeyboards = 32;
 
     InputDevices(TapServer &server, Poller &poller, Log &log) : _server(server), _poller(poller), _log(log) {}
-    ~InputDevices();
+    ~InputDevices() { close(); }
     InputDevices(const InputDevices &) = delete;
     InputDevices &operator=(const InputDevices &) = delete;
 
@@ -29,6 +29,12 @@ public:
 
     /// Has the bars read, or not, as the server wants it now.
     void updateWanted();
+
+    std::optional<Time> deadline() const { return _yard.deadline(); }
+    void advance(Time now) { _yard.advance(now); }
+
+    /// Gives everything back; what then remains is clones on their way out.
+    void close();
 
 private:
     struct Bar {
@@ -52,6 +58,7 @@ private:
     Poller &_poller;
     Log &_log;
     std::unique_ptr<DeviceWatch> _watch;
+    CloneYard _yard;
     std::map<int, Bar> _bars; // by their nodes' descriptors
     std::map<int, Keyboard> _keyboards;
 };
