@@ -34,7 +34,7 @@
 namespace barquell::protocol {
 
 inline constexpr std::uint32_t kVersion = 1;
-inline constexpr char kDefaultSocket[] = "/run/barquell/tap.sock";
+inline constexpr const char *kDefaultSocket = "/run/barquell/tap.sock";
 
 inline constexpr std::int64_t kVerdictLimit = 1'000'000; ///< microseconds
 inline constexpr std::int64_t kHelloLimit = 5'000'000;   ///< microseconds

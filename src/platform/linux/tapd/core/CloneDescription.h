@@ -8,7 +8,7 @@ namespace barquell::tapd {
 inline constexpr std::int32_t kCloneSlots = 100;
 
 /// By its phys a clone is known from a bar.
-inline constexpr char kClonePhys[] = "barquell/clone";
+inline constexpr const char *kClonePhys = "barquell/clone";
 
 /// What the clone of a bar says of itself: all that the bar says, so that readers take it for the bar.
 evdev::DeviceDescription cloneDescription(const evdev::DeviceDescription &bar);

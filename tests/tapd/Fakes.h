@@ -1,0 +1,122 @@
+#pragma once
+
+#include "platform/linux/tapd/core/CloneDescription.h"
+#include "platform/linux/tapd/core/TapServer.h"
+
+#include <gmock/gmock.h>
+
+namespace barquell::test {
+
+class RecordingLog final : public tapd::Log {
+public:
+    void line(std::string_view text) override { lines.emplace_back(text); }
+
+    std::vector<std::string> lines;
+};
+
+class FakeLink final : public tapd::ClientLink {
+public:
+    bool send(const protocol::ServerMessage &message) override {
+        EXPECT_FALSE(closed) << "a closed client is told something";
+        EXPECT_TRUE(protocol::decodeServerMessage(protocol::packetOf(message)))
+            << "the server talks nonsense";
+        if (full) {
+            return false;
+        }
+        heard.push_back(message);
+        return true;
+    }
+    void close() override { closed = true; }
+    const std::string &name() const override { return _name; }
+
+    /// What was heard since this was last asked.
+    std::vector<protocol::ServerMessage> take() { return std::exchange(heard, {}); }
+    std::vector<protocol::ServerMessageType> takeTypes();
+
+    std::vector<protocol::ServerMessage> heard;
+    bool full = false;
+    bool closed = false;
+
+private:
+    std::string _name = "a client";
+};
+
+/// A bar with a hand on it, and a reader of its clone. It checks by itself that the grab comes and goes only
+/// while the bar is free, and that the clone goes without a finger on it.
+class FakeBar final : public tapd::BarPort {
+public:
+    explicit FakeBar(const evdev::DeviceDescription &device);
+
+    /// The hand; report() then tells what the driver sends for it.
+    void down(std::size_t slot, std::int32_t x);
+    void move(std::size_t slot, std::int32_t x);
+    void up(std::size_t slot);
+    std::vector<evdev::InputEvent> report();
+    const evdev::Contacts &held() const { return _driver.contacts(); }
+
+    std::optional<tapd::BarState> state() override;
+    bool grab() override;
+    void ungrab() override;
+    bool createClone() override;
+    void destroyClone() override;
+    bool sendToClone(std::span<const evdev::InputEvent> events) override;
+
+    const evdev::DeviceDescription description;
+    bool unplugged = false;
+    bool refusesGrab = false;
+    bool refusesClone = false;
+    bool cloneIsBroken = false;
+    std::int32_t fingerAfterGrab = -1; ///< comes down in the moment of the grab
+
+    bool grabbed = false;
+    bool hasClone = false;
+    int grabs = 0;
+    int clones = 0;
+    std::vector<evdev::InputEvent> sent;         ///< to all clones
+    std::vector<std::vector<std::int32_t>> seen; ///< by the clone's reader: the contacts' x, frame by frame
+    evdev::Contacts cloneHolds() const { return _reader ? _reader->contacts() : evdev::Contacts(); }
+
+private:
+    evdev::Contacts _hand;
+    evdev::CloneOutput _driver;
+    std::optional<evdev::TouchReader> _reader;
+    std::int32_t _nextId = 0;
+    std::int32_t _slot = 0;
+};
+
+/// A server with a bar to plug in and two clients that may connect.
+class TapdTest : public testing::Test {
+protected:
+    void plug(FakeBar &device);
+    /// udev tells of the clone.
+    void announce(FakeBar &device) { server.cloneAppeared(device, now); }
+    /// The bar reports what the hand did; lost where the server does not read now.
+    void report(FakeBar &device);
+    void tapAt(std::int32_t x);
+
+    void connect(FakeLink &link);
+    void hello(FakeLink &link);
+    void say(FakeLink &link, const protocol::ClientMessage &message);
+    void create(FakeLink &link, EventMask mask = maskOf(EventType::Gesture));
+    void setEnabled(FakeLink &link, bool on);
+    void destroy(FakeLink &link);
+    void judge(FakeLink &link, std::uint64_t frame, bool pass);
+    /// The first client has an enabled tap and the bar is held for it.
+    void startTapping();
+    void later(std::chrono::microseconds time);
+
+    static constexpr std::chrono::seconds kVerdictLimit{1};
+    static constexpr std::chrono::milliseconds kLinger{200};
+
+    RecordingLog log;
+    tapd::Time now{std::chrono::hours(1)};
+    FakeBar bar;
+    FakeLink client;
+    FakeLink other;
+    tapd::TapServer server{log}; // goes before what it was given
+    bool lost = false;
+
+    TapdTest();
+};
+
+} // namespace barquell::test

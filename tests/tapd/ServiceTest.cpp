@@ -1,0 +1,226 @@
+#include "platform/linux/tapd/service/Connection.h"
+#include "platform/linux/tapd/service/LineLimit.h"
+#include "platform/linux/tapd/service/Listener.h"
+#include "platform/linux/tapd/service/Options.h"
+#include "platform/linux/tapd/service/Poller.h"
+
+#include <gmock/gmock.h>
+
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+
+namespace barquell::test {
+
+using namespace tapd;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+namespace {
+
+struct Pair {
+    FileDescriptor near;
+    FileDescriptor far;
+};
+
+Pair socketPair() {
+    std::array<int, 2> ends{};
+    EXPECT_EQ(::socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_NONBLOCK, 0, ends.data()), 0);
+    return {FileDescriptor(ends[0]), FileDescriptor(ends[1])};
+}
+
+class ListenerTest : public testing::Test {
+protected:
+    ListenerTest() {
+        std::string name = (std::filesystem::temp_directory_path() / "tapd-XXXXXX").string();
+        folder = ::mkdtemp(name.data());
+        options.path = folder / "run" / "tap.sock";
+    }
+    ~ListenerTest() override { std::filesystem::remove_all(folder); }
+
+    FileDescriptor connect() const {
+        FileDescriptor socket(::socket(AF_UNIX, SOCK_SEQPACKET, 0));
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        std::strncpy(address.sun_path, options.path.c_str(), sizeof address.sun_path - 1);
+        const auto *general = reinterpret_cast<const sockaddr *>(&address);
+        return ::connect(socket.get(), general, sizeof address) == 0 ? std::move(socket) : FileDescriptor();
+    }
+
+    std::filesystem::path folder;
+    SocketOptions options;
+    std::string problem;
+};
+
+std::optional<Options> parse(std::vector<std::string> words) {
+    words.insert(words.begin(), "barquell-tapd");
+    std::vector<char *> arguments;
+    for (std::string &word : words) {
+        arguments.push_back(word.data());
+    }
+    arguments.push_back(nullptr);
+    optind = 0; // a new line of arguments
+    return optionsFrom(static_cast<int>(words.size()), arguments.data());
+}
+
+} // namespace
+
+TEST_F(ListenerTest, ItsFileHasTheModeThatWasAskedFor) {
+    options.mode = 0640;
+    const auto listener = Listener::open(options, problem);
+    ASSERT_TRUE(listener) << problem;
+    struct stat status {};
+    ASSERT_EQ(::stat(options.path.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0640U);
+}
+
+TEST_F(ListenerTest, ItAcceptsAndLeavesNothingBehind) {
+    {
+        const auto listener = Listener::open(options, problem);
+        ASSERT_TRUE(listener) << problem;
+        EXPECT_FALSE(listener->accept().isValid());
+        const FileDescriptor client = connect();
+        EXPECT_TRUE(client.isValid());
+        EXPECT_TRUE(listener->accept().isValid());
+    }
+    EXPECT_FALSE(std::filesystem::exists(options.path));
+}
+
+TEST_F(ListenerTest, ASecondServerIsRefusedAndTheFirstStays) {
+    const auto first = Listener::open(options, problem);
+    EXPECT_FALSE(Listener::open(options, problem));
+    EXPECT_THAT(problem, HasSubstr("another server"));
+    EXPECT_TRUE(connect().isValid());
+}
+
+TEST_F(ListenerTest, WhatADeadServerLeftIsReplaced) {
+    {
+        auto first = Listener::open(options, problem);
+        std::filesystem::rename(options.path, folder / "kept");
+    }
+    std::filesystem::rename(folder / "kept", options.path);
+    EXPECT_FALSE(connect().isValid());
+    const auto second = Listener::open(options, problem);
+    ASSERT_TRUE(second) << problem;
+    EXPECT_TRUE(connect().isValid());
+}
+
+TEST_F(ListenerTest, AnUnknownGroupOpensItToNobody) {
+    options.group = "no-such-group";
+    EXPECT_FALSE(Listener::open(options, problem));
+    EXPECT_FALSE(std::filesystem::exists(options.path));
+}
+
+TEST(Connection, ItTellsWhenThereIsNoRoomAndNeverWaits) {
+    Pair pair = socketPair();
+    Connection connection(std::move(pair.near));
+    protocol::ServerMessage message;
+    int sent = 0;
+    while (sent < 100000 && connection.send(message)) {
+        ++sent;
+    }
+    EXPECT_GT(sent, 128) << "or a healthy client would be taken for a dead one";
+    EXPECT_LT(sent, 100000);
+}
+
+TEST(Connection, APacketThatIsTooLongShowsAsSuch) {
+    const Pair pair = socketPair();
+    Connection connection(FileDescriptor(::dup(pair.near.get())));
+    const std::array<char, 1000> bytes{};
+    ASSERT_EQ(::send(pair.far.get(), bytes.data(), bytes.size(), 0), 1000);
+    Connection::Packet packet;
+    std::size_t size = 0;
+    EXPECT_EQ(connection.receive(packet, size), Connection::Received::Packet);
+    EXPECT_EQ(size, sizeof(protocol::ClientMessage) + 1);
+    EXPECT_EQ(connection.receive(packet, size), Connection::Received::Nothing);
+}
+
+TEST(Connection, ItsEndIsNoticed) {
+    Pair pair = socketPair();
+    Connection connection(std::move(pair.near));
+    { const FileDescriptor closing(std::move(pair.far)); }
+    Connection::Packet packet;
+    std::size_t size = 0;
+    EXPECT_EQ(connection.receive(packet, size), Connection::Received::End);
+    EXPECT_TRUE(connection.send({})) << "nothing is owed to the dead";
+}
+
+TEST(Connection, ItClosesItsSocket) {
+    Pair pair = socketPair();
+    { const Connection connection(std::move(pair.near)); }
+    std::array<char, 8> bytes{};
+    EXPECT_EQ(::recv(pair.far.get(), bytes.data(), bytes.size(), 0), 0);
+}
+
+TEST(FileDescriptor, ItClosesWhatItOwns) {
+    int number = -1;
+    {
+        const FileDescriptor file(::open("/dev/null", O_RDONLY | O_CLOEXEC));
+        number = file.get();
+        ASSERT_GE(::fcntl(number, F_GETFD), 0);
+    }
+    EXPECT_LT(::fcntl(number, F_GETFD), 0);
+}
+
+TEST(Poller, KeyboardsGoBeforeClientsAndClientsBeforeBars) {
+    Poller poller;
+    std::vector<Pair> pairs;
+    for (const Source source : {Source::Listener, Source::Bar, Source::Client, Source::Keyboard}) {
+        pairs.push_back(socketPair());
+        ASSERT_TRUE(poller.add(source, pairs.back().near.get()));
+        ::send(pairs.back().far.get(), "x", 1, 0);
+    }
+    std::vector<Source> sources;
+    for (const Ready &ready : poller.wait(0)) {
+        sources.push_back(ready.source);
+    }
+    EXPECT_THAT(sources, ElementsAre(Source::Keyboard, Source::Client, Source::Bar, Source::Listener));
+}
+
+TEST(Poller, WhatIsNotWantedStillTellsItsEnd) {
+    Poller poller;
+    Pair pair = socketPair();
+    ASSERT_TRUE(poller.add(Source::Bar, pair.near.get()));
+    ::send(pair.far.get(), "x", 1, 0);
+    poller.want(Source::Bar, pair.near.get(), false, false);
+    EXPECT_TRUE(poller.wait(0).empty());
+    { const FileDescriptor closing(std::move(pair.far)); }
+    const auto ready = poller.wait(0);
+    ASSERT_EQ(ready.size(), 1U);
+    EXPECT_TRUE(ready[0].readable);
+}
+
+TEST(LineLimit, ABurstAndThenAFew) {
+    LineLimit limit;
+    LineLimit::Time now{std::chrono::hours(1)};
+    int admitted = 0;
+    for (int i = 0; i < 10000; ++i) {
+        admitted += limit.admits(now) ? 1 : 0;
+    }
+    EXPECT_EQ(admitted, LineLimit::kBurst);
+    EXPECT_EQ(limit.takeLeftOut(), 10000 - LineLimit::kBurst);
+    EXPECT_EQ(limit.takeLeftOut(), 0);
+    now += LineLimit::kOneMoreAfter;
+    EXPECT_TRUE(limit.admits(now));
+    EXPECT_FALSE(limit.admits(now));
+}
+
+TEST(Options, TheyAreReadOrRefused) {
+    const auto options = parse({"--socket", "/x", "--mode", "600", "--group", "g"});
+    ASSERT_TRUE(options);
+    EXPECT_EQ(options->socket.path, "/x");
+    EXPECT_EQ(options->socket.mode, 0600U);
+    EXPECT_EQ(options->socket.group, "g");
+    EXPECT_EQ(parse({})->socket.path, protocol::kDefaultSocket);
+    EXPECT_EQ(parse({"--help"})->task, Task::Help);
+    EXPECT_EQ(parse({"--version"})->task, Task::Version);
+    EXPECT_FALSE(parse({"--mode", "9"}));
+    EXPECT_FALSE(parse({"--mode", "1777"}));
+    EXPECT_FALSE(parse({"--nonsense"}));
+    EXPECT_FALSE(parse({"stray"}));
+}
+
+} // namespace barquell::test
