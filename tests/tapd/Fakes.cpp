@@ -83,16 +83,24 @@ bool FakeBar::sendToClone(std::span<const evdev::InputEvent> events) {
     for (const evdev::InputEvent &event : events) {
         sent.push_back(event);
         if (_reader->feed(event)) {
-            std::vector<std::int32_t> positions;
-            for (const evdev::Slot &slot : _reader->contacts()) {
-                if (slot.trackingId >= 0) {
-                    positions.push_back(slot.axis(evdev::kAbsMtPositionX));
-                }
-            }
-            seen.push_back(positions);
+            see();
         }
     }
     return true;
+}
+
+void FakeBar::see() {
+    std::vector<std::int32_t> positions;
+    for (std::size_t i = 0; i < _reader->contacts().size(); ++i) {
+        const evdev::Slot &slot = _reader->contacts()[i];
+        if (slot.trackingId >= 0) {
+            const std::int32_t x = slot.axis(evdev::kAbsMtPositionX);
+            positions.push_back(x);
+            overtaken = overtaken || x < _last.at(i);
+            _last.at(i) = x;
+        }
+    }
+    seen.push_back(positions);
 }
 
 TapdTest::TapdTest() : bar(t2Bar()) {}

@@ -74,14 +74,18 @@ public:
     int clones = 0;
     std::vector<evdev::InputEvent> sent;         ///< to all clones
     std::vector<std::vector<std::int32_t>> seen; ///< by the clone's reader: the contacts' x, frame by frame
+    bool overtaken = false;                      ///< a position of a slot was smaller than one before
     evdev::Contacts cloneHolds() const { return _reader ? _reader->contacts() : evdev::Contacts(); }
 
 private:
     evdev::Contacts _hand;
     evdev::CloneOutput _driver;
     std::optional<evdev::TouchReader> _reader;
+    void see();
+
     std::int32_t _nextId = 0;
     std::int32_t _slot = 0;
+    std::array<std::int32_t, evdev::kMaximumSlots> _last{};
 };
 
 /// A server with a bar to plug in and two clients that may connect.
