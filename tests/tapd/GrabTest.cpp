@@ -218,6 +218,24 @@ TEST_F(GrabTest, WhereTheCloneKnowsPalmsFingersAreCancelled) {
     })) << "the palm is reported before its contact ends";
 }
 
+TEST_F(GrabTest, ANewCloneOfTheSameBarStartsAfresh) {
+    startTapping();
+    setEnabled(client, false);
+    bar.down(2, 100);
+    report(bar);
+    bar.up(2);
+    report(bar);
+    destroy(client);
+    later(kLinger);
+    ASSERT_FALSE(bar.hasClone);
+    create(client);
+    announce(bar);
+    bar.down(2, 300);
+    report(bar);
+    ASSERT_EQ(bar.cloneHolds().size(), 3U) << "the finger is in its own slot";
+    EXPECT_GE(bar.cloneHolds()[2].trackingId, 0);
+}
+
 TEST_F(GrabTest, APluggedBarIsHeldAgain) {
     startTapping();
     server.barRemoved(bar);

@@ -193,8 +193,9 @@ private:
 TEST(Invariants, WithTheBarFreeTheCloneIsFreeAndNothingIsReordered) {
     const bool held = rc::check([] {
         Chance world;
-        const auto steps = *rc::gen::container<std::vector<std::pair<int, std::size_t>>>(
-            rc::gen::pair(rc::gen::inRange(0, 17), rc::gen::inRange<std::size_t>(0, kSlots)));
+        const auto step = rc::gen::pair(rc::gen::inRange(0, 17), rc::gen::inRange<std::size_t>(0, kSlots));
+        const auto steps =
+            *rc::gen::scale(4, rc::gen::container<std::vector<std::pair<int, std::size_t>>>(step));
         for (const auto &[what, slot] : steps) {
             world.step(what, slot);
             RC_ASSERT(world.isConsistent());

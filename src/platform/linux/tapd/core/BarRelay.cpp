@@ -9,7 +9,7 @@ using evdev::InputEvent;
 using evdev::slotAt;
 
 BarRelay::BarRelay(const evdev::DeviceDescription &bar, BarPort &port, FrameSink &sink, Log &log)
-    : _name(bar.name), _port(port), _sink(sink), _log(log), _reader(bar), _output(cloneDescription(bar)) {
+    : _clone(cloneDescription(bar)), _port(port), _sink(sink), _log(log), _reader(bar), _output(_clone) {
     _wantedContacts.reserve(evdev::kMaximumSlots);
 }
 
@@ -83,6 +83,7 @@ void BarRelay::makeClone() {
     if (_hasClone) {
         return;
     }
+    _output = evdev::CloneOutput(_clone); // a new device holds nothing, and its first slot is the current one
     _hasClone = _port.createClone();
     if (!_hasClone) {
         fail("no clone could be made");
@@ -95,7 +96,7 @@ void BarRelay::tryGrab(Time now) {
     }
     if (!_port.grab()) {
         if (!_toldOfGrab) {
-            _log.line(_name + ": somebody else has grabbed it");
+            _log.line(_clone.name + ": somebody else has grabbed it");
         }
         _toldOfGrab = true;
         return;
@@ -106,14 +107,14 @@ void BarRelay::tryGrab(Time now) {
         return;
     }
     _grabbed = true;
-    _log.line(_name + ": grabbed");
+    _log.line(_clone.name + ": grabbed");
 }
 
 void BarRelay::giveBack() {
     if (_grabbed) {
         _port.ungrab();
         _grabbed = false;
-        _log.line(_name + ": given back");
+        _log.line(_clone.name + ": given back");
     }
     if (_hasClone) {
         _port.destroyClone();
@@ -166,7 +167,7 @@ void BarRelay::send(const std::vector<InputEvent> &events) {
 void BarRelay::fail(std::string_view what) {
     _failed = true;
     giveBack();
-    _log.line(_name + ": left alone, " + std::string(what));
+    _log.line(_clone.name + ": left alone, " + std::string(what));
 }
 
 } // namespace barquell::tapd

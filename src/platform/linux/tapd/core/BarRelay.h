@@ -69,7 +69,7 @@ private:
     void send(const std::vector<evdev::InputEvent> &events);
     void fail(std::string_view what);
 
-    std::string _name;
+    evdev::DeviceDescription _clone;
     BarPort &_port;
     FrameSink &_sink;
     Log &_log;
