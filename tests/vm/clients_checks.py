@@ -2,6 +2,7 @@
 
 import socket
 import struct
+import subprocess
 
 from reader import Failure, clones, until
 from touch_checks import pass_mark, require, tap
@@ -107,6 +108,17 @@ def bar_that_cannot_be(world: World) -> None:
     world.tapping("block")
     require(len(clones()) == 1, "it was cloned")
     require(world.server.read().count(line) == 1, "more than one line was logged")
+
+
+def owners_give_back_what_they_own(world: World) -> str:
+    world.plug("bar", "t2-bar")
+    world.plug("keyboard", "keyboard")
+    probe = ["/out/ownerprobe", world.nodes["bar"], world.nodes["keyboard"]]
+    answer = subprocess.run(probe, capture_output=True, text=True, check=False)
+    lines = answer.stdout.splitlines()
+    require(answer.returncode == 0, f"{answer.returncode}: {lines} {answer.stderr}")
+    require(len(lines) == 11 and all(line.startswith("ok ") for line in lines), str(lines))
+    return f"{len(lines)} answers"
 
 
 def takes_little_memory(world: World) -> str:

@@ -1,0 +1,78 @@
+#!/usr/bin/env python3
+"""How long a touch takes to its reader: through the kernel alone, through the tap server and a client, and through a
+pipeline of general tools where they are at hand. One run, so that the numbers may be compared."""
+
+import glob
+import os
+import subprocess
+import sys
+
+from reader import clones, until
+from world import Client, Lines, Server
+
+FRAMES = int(sys.argv[1]) if len(sys.argv) > 1 else 2000
+TOOLS = "/out/tools"
+
+
+def node_of(sysname: str) -> str:
+    path = until("the node is there", lambda: glob.glob(f"/sys/class/input/{sysname}/event*"))[0]
+    node = "/dev/input/" + os.path.basename(path)
+    until("it can be opened", lambda: os.path.exists(node))
+    return node
+
+
+def nodes() -> set:
+    return set(glob.glob("/dev/input/event*"))
+
+
+def measure(probe: Lines, name: str, node: str) -> None:
+    probe.say(f"{name} {node}")
+    seen = until(f"{name} is measured", lambda: [l for l in probe.lines() if l.startswith(name + " ")])
+    results[name] = [float(word) for word in seen[0].split()[1:]]
+
+
+def pipeline(probe: Lines, name: str, real: str, middle: str) -> None:
+    before = nodes()
+    command = f"{TOOLS}/interception -g {real} {middle} | {TOOLS}/uinput -d {real}"
+    process = subprocess.Popen(["sh", "-c", command], start_new_session=True)
+    made = until("the pipeline has its device", lambda: nodes() - before).pop()
+    # Its grab cannot be asked for: wait until the first half sleeps in its read.
+    until("udev is done", lambda: subprocess.run(["udevadm", "settle"], check=True))
+    measure(probe, name, made)
+    os.killpg(process.pid, 9)
+    process.wait()
+    until("its device is gone", lambda: made not in nodes())
+
+
+def main() -> None:
+    probe = Lines(["/out/latencyprobe", str(FRAMES)])
+    real = node_of(until("there is a bar", probe.lines)[0])
+    measure(probe, "kernel", real)
+
+    server = Server()
+    client = Client()
+    client.hello()
+    client.say("create", "pass", "on")
+    client.expect("bars 1/1")
+    measure(probe, "barquell", clones()[0])
+    client.say("off")
+    client.reached()
+    measure(probe, "barquell-disabled", clones()[0])
+    client.kill()
+    server.kill()
+    until("the clone is gone", lambda: not clones())
+
+    if os.path.exists(TOOLS):
+        pipeline(probe, "pipeline", real, "")
+        pipeline(probe, "pipeline-filter", real, "| /out/passfilter")
+    probe.kill()
+
+
+import reader  # noqa: E402
+
+reader.PATIENCE = 300.0
+results: dict = {}
+main()
+base = results["kernel"]
+for name, (median, p99) in results.items():
+    print(f"{name}: median {median:.0f} us, p99 {p99:.0f} us; {median / base[0]:.2f} and {p99 / base[1]:.2f} of the kernel's")
