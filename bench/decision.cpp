@@ -19,6 +19,7 @@ long allocations = 0;
 
 } // namespace
 
+// NOLINTBEGIN(cppcoreguidelines-owning-memory): these are the owners
 void *operator new(std::size_t size) {
     ++allocations;
     if (void *memory = std::malloc(size)) {
@@ -34,6 +35,7 @@ void operator delete(void *memory) noexcept {
 void operator delete(void *memory, std::size_t /*size*/) noexcept {
     std::free(memory);
 }
+// NOLINTEND(cppcoreguidelines-owning-memory)
 
 namespace {
 

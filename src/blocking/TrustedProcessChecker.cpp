@@ -134,7 +134,7 @@ void TrustedProcessChecker::initialize() {
         return;
     }
     state().trusted = platform().accessibilityTrust->isProcessTrusted();
-    state().observers.reset(new (std::nothrow) ObserverTable);
+    state().observers.reset(new (std::nothrow) ObserverTable); // NOLINT(cppcoreguidelines-owning-memory)
     if (!state().observers) {
         log(QStringLiteral("Failed to allocate observers table"));
         std::exit(-1); // NOLINT(concurrency-mt-unsafe): nothing works without it

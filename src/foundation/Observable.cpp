@@ -25,9 +25,9 @@ void Observable::setValue(const QVariant &value, const QString &keyPath) {
     didChangeValue(keyPath);
 }
 
-void Observable::addObserver(ChangeObserver &observer, const QString &keyPath, ObservingContext context) {
-    _registrations.push_back(
-        std::make_shared<Registration>(Registration{&observer, keyPath, std::move(context)}));
+void Observable::addObserver(ChangeObserver &observer, const QString &keyPath,
+                             const ObservingContext &context) {
+    _registrations.push_back(std::make_shared<Registration>(Registration{&observer, keyPath, context}));
 }
 
 void Observable::removeObserver(ChangeObserver &observer, const QString &keyPath) {

@@ -52,7 +52,7 @@ public:
     virtual void setValue(const QVariant &value, const QString &keyPath);
 
     /// Registers once more for each call, also where the pair is registered already.
-    void addObserver(ChangeObserver &observer, const QString &keyPath, ObservingContext context);
+    void addObserver(ChangeObserver &observer, const QString &keyPath, const ObservingContext &context);
 
     /// Ends the newest registration of the pair; none is no error. Safe while a change is being told.
     void removeObserver(ChangeObserver &observer, const QString &keyPath);
