@@ -1,4 +1,5 @@
 #include "platform/linux/tapd/service/Connection.h"
+#include "platform/linux/tapd/service/DeadlineTimer.h"
 #include "platform/linux/tapd/service/LineLimit.h"
 #include "platform/linux/tapd/service/Listener.h"
 #include "platform/linux/tapd/service/Options.h"
@@ -20,6 +21,18 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 
 namespace {
+
+/// Asked through a descriptor that is ready at the end of the line.
+bool nothingReady(Poller &poller) {
+    std::array<int, 2> ends{};
+    EXPECT_EQ(::socketpair(AF_UNIX, SOCK_SEQPACKET, 0, ends.data()), 0);
+    const FileDescriptor near(ends[0]);
+    const FileDescriptor far(ends[1]);
+    EXPECT_TRUE(poller.add(Source::Devices, near.get()));
+    ::send(far.get(), "x", 1, 0);
+    const auto ready = poller.wait();
+    return ready.size() == 1 && ready[0].source == Source::Devices;
+}
 
 struct Pair {
     FileDescriptor near;
@@ -174,7 +187,7 @@ TEST(Poller, KeyboardsGoBeforeClientsAndClientsBeforeBars) {
         ::send(pairs.back().far.get(), "x", 1, 0);
     }
     std::vector<Source> sources;
-    for (const Ready &ready : poller.wait(0)) {
+    for (const Ready &ready : poller.wait()) {
         sources.push_back(ready.source);
     }
     EXPECT_THAT(sources, ElementsAre(Source::Keyboard, Source::Client, Source::Bar, Source::Listener));
@@ -186,11 +199,29 @@ TEST(Poller, WhatIsNotWantedStillTellsItsEnd) {
     ASSERT_TRUE(poller.add(Source::Bar, pair.near.get()));
     ::send(pair.far.get(), "x", 1, 0);
     poller.want(Source::Bar, pair.near.get(), false, false);
-    EXPECT_TRUE(poller.wait(0).empty());
+    EXPECT_TRUE(nothingReady(poller));
     { const FileDescriptor closing(std::move(pair.far)); }
-    const auto ready = poller.wait(0);
+    const auto ready = poller.wait();
     ASSERT_EQ(ready.size(), 1U);
     EXPECT_TRUE(ready[0].readable);
+}
+
+TEST(DeadlineTimer, ItRunsOutAtTheEarliestDeadline) {
+    using namespace std::chrono_literals;
+    Poller poller;
+    DeadlineTimer timer;
+    ASSERT_TRUE(poller.add(Source::Timer, timer.descriptor()));
+    const Time start = std::chrono::steady_clock::now();
+    timer.update(std::nullopt);
+    timer.update(start + 1h);
+    timer.update(start + 20ms);
+    timer.update(start + 2h);
+    ASSERT_EQ(poller.wait().size(), 1U);
+    EXPECT_GE(std::chrono::steady_clock::now(), start + 20ms);
+    timer.read();
+    timer.update(start + 30ms);
+    ASSERT_EQ(poller.wait().size(), 1U) << "and again";
+    EXPECT_GE(std::chrono::steady_clock::now(), start + 30ms);
 }
 
 TEST(LineLimit, ABurstAndThenAFew) {

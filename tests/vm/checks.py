@@ -7,6 +7,7 @@ import traceback
 
 import clients_checks
 import keyboard_checks
+import program_checks
 import touch_checks
 from reader import Failure
 from world import World
@@ -34,7 +35,7 @@ def run(name: str, check) -> bool:
 
 def main() -> int:
     checks = {}
-    for module in (touch_checks, clients_checks, keyboard_checks):
+    for module in (touch_checks, clients_checks, keyboard_checks, program_checks):
         checks.update({name: getattr(module, name) for name in module.ALL})
     wanted = sys.argv[1:] or list(checks)
     results = [run(name, checks[name]) for name in wanted]

@@ -25,17 +25,18 @@ Daemon::Daemon(const Listener &listener, Log &log)
 
 bool Daemon::start() {
     _running = _poller.add(Source::Signals, _signals.get()) &&
+               _poller.add(Source::Timer, _timer.descriptor()) &&
                _poller.add(Source::Listener, _listener.descriptor()) && _devices.start();
     return _running;
 }
 
 void Daemon::run() {
-    Time now = std::chrono::steady_clock::now();
     while (_running) {
         _devices.updateWanted();
         updateClients();
-        const auto ready = _poller.wait(millisecondsToWait(now));
-        now = std::chrono::steady_clock::now();
+        _timer.update(deadline());
+        const auto ready = _poller.wait();
+        const Time now = std::chrono::steady_clock::now();
         for (const Ready &one : ready) {
             serve(one, now);
         }
@@ -49,22 +50,19 @@ void Daemon::run() {
     }
 }
 
-int Daemon::millisecondsToWait(Time now) const {
-    auto deadline = _server.deadline();
-    if (const auto other = _devices.deadline()) {
-        deadline = deadline ? std::min(*deadline, *other) : *other;
-    }
-    if (!deadline) {
-        return -1;
-    }
-    const auto rest = std::chrono::ceil<std::chrono::milliseconds>(*deadline - now);
-    return static_cast<int>(std::max<std::int64_t>(0, rest.count()));
+std::optional<Time> Daemon::deadline() const {
+    const auto rules = _server.deadline();
+    const auto devices = _devices.deadline();
+    return rules && devices ? std::min(*rules, *devices) : rules ? rules : devices;
 }
 
 void Daemon::serve(const Ready &ready, Time now) {
     switch (ready.source) {
     case Source::Signals:
         _running = false;
+        break;
+    case Source::Timer:
+        _timer.read();
         break;
     case Source::Keyboard:
         _devices.readKeyboard(ready.descriptor);

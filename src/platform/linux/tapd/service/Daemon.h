@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/tapd/service/Connection.h"
+#include "platform/linux/tapd/service/DeadlineTimer.h"
 #include "platform/linux/tapd/service/InputDevices.h"
 #include "platform/linux/tapd/service/Listener.h"
 
@@ -23,7 +24,7 @@ private:
         bool wantsRoom = false;
     };
 
-    int millisecondsToWait(Time now) const;
+    std::optional<Time> deadline() const;
     void serve(const Ready &ready, Time now);
     void accept(Time now);
     void serveClient(const Ready &ready, Time now);
@@ -32,6 +33,7 @@ private:
     const Listener &_listener;
     Poller _poller;
     FileDescriptor _signals;
+    DeadlineTimer _timer;
     TapServer _server;
     InputDevices _devices; // goes before the server
     std::map<int, Client> _clients;

@@ -29,9 +29,9 @@ void Poller::want(Source source, int descriptor, bool read, bool write) const {
     ::epoll_ctl(_epoll.get(), EPOLL_CTL_MOD, descriptor, &event);
 }
 
-std::span<const Ready> Poller::wait(int milliseconds) {
+std::span<const Ready> Poller::wait() {
     std::array<epoll_event, 64> events;
-    const int count = ::epoll_wait(_epoll.get(), events.data(), events.size(), milliseconds);
+    const int count = ::epoll_wait(_epoll.get(), events.data(), events.size(), -1);
     const std::size_t size = count < 0 ? 0 : static_cast<std::size_t>(count);
     for (std::size_t i = 0; i < size; ++i) {
         const std::uint64_t data = events.at(i).data.u64;

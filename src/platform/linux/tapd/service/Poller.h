@@ -10,7 +10,7 @@ namespace barquell::tapd {
 
 /// What a descriptor is; of one wake-up the first ones are served first, so that what the keyboards said goes
 /// before what the bars said.
-enum class Source : std::uint32_t { Signals, Keyboard, Client, Bar, Listener, Devices };
+enum class Source : std::uint32_t { Signals, Timer, Keyboard, Client, Bar, Listener, Devices };
 
 /// A descriptor with something to be done.
 struct Ready {
@@ -30,8 +30,8 @@ public:
     /// Its end is noticed also where neither is wanted.
     void want(Source source, int descriptor, bool read, bool write) const;
 
-    /// Waits, for so many milliseconds or for ever (-1). Sorted by source; valid until the next call.
-    std::span<const Ready> wait(int milliseconds);
+    /// Waits until there is something. Sorted by source; valid until the next call.
+    std::span<const Ready> wait();
 
 private:
     FileDescriptor _epoll;

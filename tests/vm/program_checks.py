@@ -1,0 +1,315 @@
+"""The real program as an ordinary user in front of the real server: what a person gets."""
+
+import json
+import os
+import shutil
+import signal
+import subprocess
+import tempfile
+import time
+
+import yaml
+from reader import BTN_TOUCH, EV_ABS, EV_KEY, ID, X, Failure, Libinput, clones, held, until
+from touch_checks import MARK, require, tap
+from world import NOBODY, SOCKET, Lines, Server, World
+
+EV_SYN, EV_MSC = 0, 4
+REPEAT = 2
+RIGHT_COMMAND, LEFT_COMMAND, FN = "RIGHTMETA", "LEFTMETA", "FN"
+
+
+class Program(Lines):
+    """`barquell`, with a home of its own."""
+
+    def __init__(self, world: World):
+        self.home = tempfile.mkdtemp()
+        os.chown(self.home, NOBODY, NOBODY)
+        world.closing(self)
+        super().__init__(["/out/barquell"], **self._as_user())
+
+    def _as_user(self) -> dict:
+        environment = {**os.environ, "HOME": self.home, "XDG_CONFIG_HOME": self.home, "XDG_RUNTIME_DIR": self.home}
+        return {"user": NOBODY, "group": NOBODY, "env": environment}
+
+    def run(self, *words: str) -> subprocess.CompletedProcess:
+        """The program once more, as the same user."""
+        return subprocess.run(
+            ["/out/barquell", *words], capture_output=True, text=True, check=False, **self._as_user()
+        )
+
+    def command(self, *words: str) -> str:
+        return self.run(*words).stdout
+
+    def defaults(self, *words: str) -> None:
+        self.command("defaults", *words)
+
+    def status(self) -> dict:
+        return json.loads(self.command("status", "--json"))
+
+    def holds(self, bars: int) -> None:
+        until(f"{bars} bars are held", lambda: self.status()["barsGrabbed"] == bars)
+
+    def close(self) -> None:
+        if self.process.poll() is None:
+            self.signal(signal.SIGCONT)
+            self.kill()
+        shutil.rmtree(self.home)
+
+
+def started(world: World, bars: int = 1) -> Program:
+    program = Program(world)
+    program.expect("Blocking is in force (the pause keys)")
+    program.holds(bars)
+    return program
+
+
+def with_bar(world: World):
+    """A bar, a keyboard, the program, and who reads the clone."""
+    bar = world.plug("bar", "t2-bar")
+    keyboard = world.plug("keyboard", "keyboard")
+    program = started(world)
+    return bar, keyboard, program, world.reader(world.clone())
+
+
+def mark(bar, keyboard, reader) -> None:
+    """A touch under Fn, which passes; what came before it has then been seen as well."""
+    reader_count = reader.values(EV_ABS, X).count(MARK)
+    keyboard.press([FN])
+    tap(bar, MARK)
+    until("the mark passes", lambda: reader.values(EV_ABS, X).count(MARK) > reader_count)
+    until("the mark has lifted", lambda: reader.values(EV_KEY, BTN_TOUCH)[-1] == 0)
+    keyboard.release([FN])
+
+
+def passes(bar, reader, x: int) -> None:
+    tap(bar, x)
+    reader.expect(EV_ABS, X, x)
+
+
+def program_blocks_and_fn_lets_through(world: World) -> None:
+    bar, keyboard, program, reader = with_bar(world)
+    seen = world.closing(Libinput(world.clone()))
+    for x in range(1000, 1010):
+        tap(bar, x)
+    mark(bar, keyboard, reader)
+    require(reader.values(EV_ABS, X) == [MARK], f"the clone sent {reader.values(EV_ABS, X)}")
+    until("libinput sees the mark", lambda: seen.count("TOUCH_UP") == 1)
+    require(seen.count("TOUCH_DOWN") == 1, "libinput saw a touch that was blocked")
+    program.expect("Blocking is suspended (the pause keys)")
+    program.expect("Blocking is in force (the pause keys)", 2)
+
+
+def a_setting_takes_effect_at_once(world: World) -> None:
+    bar, keyboard, program, reader = with_bar(world)
+    program.defaults("write", "PauseKeyCommand", "-bool", "true")
+    program.defaults("write", "PauseKeyCommandType", "-int", "2")
+    program.expect("[Fn|CmdR]")
+    keyboard.press([LEFT_COMMAND])
+    tap(bar, 300)
+    keyboard.release([LEFT_COMMAND])
+    keyboard.press([RIGHT_COMMAND])
+    passes(bar, reader, 400)
+    keyboard.release([RIGHT_COMMAND])
+    require(300 not in reader.values(EV_ABS, X), "the left key paused as well")
+
+
+def switched_off_everything_flows(world: World) -> None:
+    bar, _, program, _ = with_bar(world)
+    real = world.reader(world.nodes["bar"])
+    program.defaults("write", "Enabled", "-bool", "false")
+    program.expect("Blocking is suspended (the tap)")
+    until("the clone has gone", lambda: not clones())
+    passes(bar, real, 500)
+    program.defaults("write", "Enabled", "-bool", "true")
+    program.holds(1)
+    real.forget()
+    tap(bar, 600)
+    clone = world.reader(world.clone())
+    mark(bar, world.session.devices["keyboard"], clone)
+    require(not real.read(), "the bar was heard although it is held")
+
+
+def without_trust_everything_flows(world: World) -> None:
+    bar, _, program, _ = with_bar(world)
+    real = world.reader(world.nodes["bar"])
+    os.chmod(SOCKET, 0o600)
+    program.expect("Got com.apple.accessibility.api")
+    until("the clone has gone", lambda: not clones())
+    passes(bar, real, 500)
+    require(program.status()["trusted"] is False, "status calls it trusted")
+    os.chmod(SOCKET, 0o666)
+    program.holds(1)
+
+
+def touch_begun_under_fn_ends_cleanly(world: World) -> None:
+    bar, keyboard, _, reader = with_bar(world)
+    keyboard.press([FN])
+    bar.down([(0, 700, 60)])
+    reader.expect(EV_ABS, X, 700)
+    keyboard.release([FN])
+    bar.move(30, [(0, 5000, 60)])
+    bar.up([0])
+    until("the touch ends", lambda: reader.values(EV_ABS, ID)[-1:] == [-1])
+    mark(bar, keyboard, reader)
+    require(5000 not in reader.values(EV_ABS, X), "the slide went on while blocked")
+    require(set(held(world.clone())) == {-1}, f"the clone holds {held(world.clone())}")
+
+
+def finger_lifted_while_blocked_does_not_stay(world: World) -> None:
+    bar, keyboard, _, reader = with_bar(world)
+    keyboard.press([FN])
+    bar.down([(0, 700, 60), (1, 9000, 60)])
+    reader.expect(EV_ABS, X, 9000)
+    keyboard.release([FN])
+    bar.up([0])
+    bar.move(20, [(1, 9500, 60)])
+    bar.up([1])
+    until("both have ended", lambda: reader.values(EV_ABS, ID).count(-1) == 2)
+    mark(bar, keyboard, reader)
+    require(set(held(world.clone())) == {-1}, f"the clone holds {held(world.clone())}")
+
+
+def killed_program_frees_the_bar(world: World) -> None:
+    bar, _, program, _ = with_bar(world)
+    real = world.reader(world.nodes["bar"])
+    program.signal(signal.SIGKILL)
+    until("the clone has gone", lambda: not clones())
+    passes(bar, real, 800)
+
+
+def stopped_program_blocks_again_when_it_continues(world: World) -> str:
+    bar, keyboard, program, reader = with_bar(world)
+    program.signal(signal.SIGSTOP)
+    start = time.monotonic()
+    tap(bar, 900)
+    reader.expect(EV_ABS, X, 900)
+    waited = time.monotonic() - start
+    require(waited >= 0.99, f"it passed after {waited:.2f} s already")
+    passes(bar, reader, 950)
+    program.signal(signal.SIGCONT)
+    program.expect("Received kCGEventTapDisabledByTimeout event. Re-enabling...")
+    reader.forget()
+    # The program has asked to be enabled; a touch shows when the server has heard of it.
+    until("touches are blocked again", lambda: blocked(bar, reader))
+    mark(bar, keyboard, reader)
+    return f"passed after {waited:.2f} s"
+
+
+def blocked(bar, reader) -> bool:
+    reader.forget()
+    tap(bar, 1234)
+    time.sleep(0.1)  # a touch that passes takes less than a hundredth of it
+    return not reader.read()
+
+
+def killed_server_frees_the_bar_and_a_new_one_is_found(world: World) -> None:
+    bar, keyboard, program, _ = with_bar(world)
+    real = world.reader(world.nodes["bar"])
+    world.server.kill()
+    program.expect("The tap server went away; touches pass until it is back")
+    passes(bar, real, 800)
+    world.server = Server()
+    program.expect("The tap server has installed the tap")
+    program.holds(1)
+    clone = world.reader(world.clone())
+    tap(bar, 900)
+    mark(bar, keyboard, clone)
+    require(900 not in clone.values(EV_ABS, X), "the touch passed")
+
+
+def bar_that_appears_after_the_program(world: World) -> None:
+    world.plug("keyboard", "keyboard")
+    program = started(world, bars=0)
+    bar = world.plug("bar", "m1-bar")
+    program.holds(1)
+    clone = world.reader(world.clone())
+    tap(bar, 900)
+    mark(bar, world.session.devices["keyboard"], clone)
+    require(900 not in clone.values(EV_ABS, X), "the touch passed")
+
+
+def second_copy_is_refused(world: World) -> None:
+    _, _, program, _ = with_bar(world)
+    again = program.run()
+    require(again.returncode == 1 and "another copy" in again.stderr, f"it said {again.stderr!r}")
+
+
+def doctor_finds_what_is_missing(world: World) -> None:
+    program = Program(world)
+    program.holds(0)
+    report = program.command("doctor")
+    require("MISSING  the kernel knows a Touch Bar" in report, report)
+    world.plug("bar", "t2-bar")
+    program.holds(1)
+    report = program.command("doctor")
+    require("MISSING" not in report, report)
+    require(report.count("ok ") == 7, report)
+
+
+def frames_of(recording: str) -> list:
+    """All frames of a recording by time: (microseconds, device, events)."""
+    with open(recording, encoding="utf-8") as file:
+        devices = yaml.load(file, yaml.CSafeLoader)["devices"]
+    frames = []
+    for number, device in enumerate(devices):
+        events = []
+        for item in device["events"]:
+            for sec, usec, kind, code, value in item["evdev"]:
+                if kind == EV_SYN:
+                    frames.append((sec * 1_000_000 + usec, number, events))
+                    events = []
+                elif not (kind == EV_KEY and value == REPEAT):  # the kernel repeats on its own
+                    events.append((kind, code, value))
+    return sorted(frames, key=lambda frame: frame[:2])
+
+
+def play(frames: list, devices: list) -> None:
+    """In the time of the recording; between devices with room enough that nobody can exchange them."""
+    before, last = frames[0][0], None
+    for at, number, events in frames:
+        room = 0.03 if last is not None and number != last else 0.0
+        time.sleep(max((at - before) / 1e6, room))
+        before, last = at, number
+        if events:
+            devices[number]._device.write(events)  # pylint: disable=protected-access
+
+
+def emitted(program: Program, recording: str) -> list:
+    """What replay says that a clone sends."""
+    out = os.path.join(program.home, "emitted.evemu")
+    program.command("replay", "--emit", out, recording)
+    with open(out, encoding="utf-8") as file:
+        lines = [line.split()[2:5] for line in file if line.startswith("E:")]
+    return [(int(kind, 16), int(code, 16), int(value)) for kind, code, value in lines]
+
+
+def live_and_replay_agree(world: World) -> str:
+    bar, keyboard, program, reader = with_bar(world)
+    expected = emitted(program, "/out/t2-session.yml")
+    require(len(expected) > 100, "the replay passes nothing")
+    play(frames_of("/out/t2-session.yml"), [bar, keyboard])
+    until("all that should pass has passed", lambda: len(reader.read()) >= len(expected))
+    keyboard.release([FN])
+    got = reader.read()
+    for number, (live, replayed) in enumerate(zip(got, expected)):
+        require(live == replayed, f"event {number}: live {live}, replayed {replayed}")
+    require(len(got) == len(expected), f"live {len(got)} events, replayed {len(expected)}")
+    reports = sum(event[:2] == (EV_SYN, 0) for event in got)
+    return f"{len(got)} events in {reports} frames are the same"
+
+
+ALL = [
+    "program_blocks_and_fn_lets_through",
+    "a_setting_takes_effect_at_once",
+    "switched_off_everything_flows",
+    "without_trust_everything_flows",
+    "touch_begun_under_fn_ends_cleanly",
+    "finger_lifted_while_blocked_does_not_stay",
+    "killed_program_frees_the_bar",
+    "stopped_program_blocks_again_when_it_continues",
+    "killed_server_frees_the_bar_and_a_new_one_is_found",
+    "bar_that_appears_after_the_program",
+    "second_copy_is_refused",
+    "doctor_finds_what_is_missing",
+    "live_and_replay_agree",
+]
