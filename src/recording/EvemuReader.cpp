@@ -14,35 +14,35 @@ namespace {
 /// The fields of one line, taken from the front.
 class Fields {
 public:
-    explicit Fields(std::string_view text) : text_(text) {}
+    explicit Fields(std::string_view text) : _text(text) {}
 
     bool number(std::int64_t &value, int base) {
         skipBlanks();
-        const auto number = takeNumber(text_, base);
+        const auto number = takeNumber(_text, base);
         value = number.value_or(0);
         return number.has_value();
     }
 
     bool literal(char c) {
-        const bool found = text_.starts_with(c);
-        text_.remove_prefix(found ? 1 : 0);
+        const bool found = _text.starts_with(c);
+        _text.remove_prefix(found ? 1 : 0);
         return found;
     }
 
     bool isNegative() {
         skipBlanks();
-        return text_.starts_with('-');
+        return _text.starts_with('-');
     }
 
     bool atEnd() {
         skipBlanks();
-        return text_.empty() || text_.front() == '#';
+        return _text.empty() || _text.front() == '#';
     }
 
 private:
-    void skipBlanks() { text_.remove_prefix(std::min(text_.find_first_not_of(" \t"), text_.size())); }
+    void skipBlanks() { _text.remove_prefix(std::min(_text.find_first_not_of(" \t"), _text.size())); }
 
-    std::string_view text_;
+    std::string_view _text;
 };
 
 class EvemuReader {
@@ -58,15 +58,15 @@ private:
     bool takeCodes(Fields fields);
     bool takeAxis(Fields fields);
     bool takeEvent(Fields fields);
-    bool damaged() { return intake_.complain("damaged", line_); }
+    bool damaged() { return _intake.complain("damaged", _line); }
     void checkDescription();
 
-    Intake intake_;
-    std::size_t line_ = 0;
-    bool hasIdentity_ = false;
-    std::bitset<evdev::kAbsMax + 1> describedAxes_;
-    std::size_t propertyBytes_ = 0;                          ///< how many the lines so far have described
-    std::array<std::size_t, evdev::kEvMax + 1> codeBytes_{}; ///< the same by event type
+    Intake _intake;
+    std::size_t _line = 0;
+    bool _hasIdentity = false;
+    std::bitset<evdev::kAbsMax + 1> _describedAxes;
+    std::size_t _propertyBytes = 0;                          ///< how many the lines so far have described
+    std::array<std::size_t, evdev::kEvMax + 1> _codeBytes{}; ///< the same by event type
 };
 
 /// Calls back with the number of each bit that is set in the line's eight bytes.
@@ -91,7 +91,7 @@ Recording EvemuReader::read(const ByteSource &source) {
     std::string_view line;
     for (bool going = true; going;) {
         const LineReader::Found found = lines.next(line);
-        ++line_;
+        ++_line;
         switch (found) {
         case LineReader::Found::Line:
             going = takeLine(line);
@@ -99,21 +99,21 @@ Recording EvemuReader::read(const ByteSource &source) {
         case LineReader::Found::CutLine:
             // Its last number may have lost digits. A comment has nothing to lose: the recorder itself ends
             // with an open one when it stops by its timeout.
-            going = line.starts_with('#') || intake_.complain("cut short", line_);
+            going = line.starts_with('#') || _intake.complain("cut short", _line);
             break;
         case LineReader::Found::LongLine:
             going = damaged();
             break;
         case LineReader::Found::Nothing:
             checkDescription();
-            return intake_.take();
+            return _intake.take();
         }
     }
-    return intake_.take();
+    return _intake.take();
 }
 
 bool EvemuReader::takeLine(std::string_view line) {
-    if (line.starts_with("E:") && intake_.hasDevice()) {
+    if (line.starts_with("E:") && _intake.hasDevice()) {
         return takeEvent(Fields(line.substr(2)));
     }
     if (line.starts_with('#') || Fields(line).atEnd()) {
@@ -129,8 +129,8 @@ bool EvemuReader::takeHeaderLine(char kind, std::string_view text) {
     if (kind == 'N') {
         return takeName(text);
     }
-    if (!intake_.hasDevice()) {
-        return intake_.complain("no device found: its name is missing", line_);
+    if (!_intake.hasDevice()) {
+        return _intake.complain("no device found: its name is missing", _line);
     }
     switch (kind) {
     case 'I':
@@ -150,19 +150,19 @@ bool EvemuReader::takeHeaderLine(char kind, std::string_view text) {
 }
 
 bool EvemuReader::takeName(std::string_view text) {
-    if (intake_.hasDevice()) {
-        return intake_.complain("a second device", line_);
+    if (_intake.hasDevice()) {
+        return _intake.complain("a second device", _line);
     }
-    if (!intake_.beginDevice(line_)) {
+    if (!_intake.beginDevice(_line)) {
         return false;
     }
     text.remove_prefix(text.starts_with(' ') ? 1 : 0);
-    intake_.description().name = cleanName(text);
+    _intake.description().name = cleanName(text);
     return true;
 }
 
 bool EvemuReader::takeIdentity(Fields fields) {
-    evdev::DeviceDescription &device = intake_.description();
+    evdev::DeviceDescription &device = _intake.description();
     for (std::uint16_t *field : {&device.bus, &device.vendor, &device.product, &device.version}) {
         std::int64_t number = 0;
         if (!fields.number(number, 16) || !std::in_range<std::uint16_t>(number)) {
@@ -170,18 +170,18 @@ bool EvemuReader::takeIdentity(Fields fields) {
         }
         *field = static_cast<std::uint16_t>(number);
     }
-    hasIdentity_ = true;
+    _hasIdentity = true;
     return fields.atEnd() || damaged();
 }
 
 bool EvemuReader::takeProperties(Fields fields) {
-    auto &properties = intake_.description().properties;
-    const bool whole = forEachBit(fields, propertyBytes_, [&](std::size_t bit) {
+    auto &properties = _intake.description().properties;
+    const bool whole = forEachBit(fields, _propertyBytes, [&](std::size_t bit) {
         if (bit < properties.size()) {
             properties.set(bit);
         }
     });
-    propertyBytes_ += 8;
+    _propertyBytes += 8;
     return whole || damaged();
 }
 
@@ -192,8 +192,8 @@ bool EvemuReader::takeCodes(Fields fields) {
     }
     const auto index = static_cast<std::size_t>(type);
     const bool whole =
-        forEachBit(fields, codeBytes_.at(index), [&](std::size_t bit) { intake_.declareCode(index, bit); });
-    codeBytes_.at(index) += 8;
+        forEachBit(fields, _codeBytes.at(index), [&](std::size_t bit) { _intake.declareCode(index, bit); });
+    _codeBytes.at(index) += 8;
     return whole || damaged();
 }
 
@@ -214,8 +214,8 @@ bool EvemuReader::takeAxis(Fields fields) {
         *field = static_cast<std::int32_t>(number);
     }
     if (code <= evdev::kAbsMax) {
-        intake_.description().axes[static_cast<std::uint16_t>(code)] = axis;
-        describedAxes_.set(static_cast<std::size_t>(code));
+        _intake.description().axes[static_cast<std::uint16_t>(code)] = axis;
+        _describedAxes.set(static_cast<std::size_t>(code));
     }
     return fields.atEnd() || damaged();
 }
@@ -232,20 +232,20 @@ bool EvemuReader::takeEvent(Fields fields) {
     if (negative) {
         event.seconds = -1;
     }
-    return intake_.add(event, line_);
+    return _intake.add(event, _line);
 }
 
 /// A file that ends within its header has lines that are all whole, but not all lines.
 void EvemuReader::checkDescription() {
-    if (!intake_.hasDevice()) {
+    if (!_intake.hasDevice()) {
         return;
     }
-    if (!hasIdentity_) {
-        intake_.complain("cut short: the device's identity is missing");
+    if (!_hasIdentity) {
+        _intake.complain("cut short: the device's identity is missing");
     }
-    for (const auto &[code, axis] : intake_.description().axes) {
-        if (!describedAxes_.test(code)) {
-            intake_.complain("cut short: an axis' range is missing");
+    for (const auto &[code, axis] : _intake.description().axes) {
+        if (!_describedAxes.test(code)) {
+            _intake.complain("cut short: an axis' range is missing");
         }
     }
 }

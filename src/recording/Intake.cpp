@@ -16,7 +16,7 @@ bool Intake::beginDevice(std::size_t line) {
     if (deviceCount() == kMaximumDevices) {
         return complain("too many devices", line);
     }
-    recording_.devices.emplace_back();
+    _recording.devices.emplace_back();
     return true;
 }
 
@@ -46,10 +46,10 @@ bool Intake::add(const RawEvent &event, std::size_t line) {
     if (!std::in_range<std::int32_t>(event.value)) {
         return complain("value out of range", line);
     }
-    if (eventCount_ == kMaximumEvents) {
+    if (_eventCount == kMaximumEvents) {
         return complain("too many events", line);
     }
-    std::vector<evdev::InputEvent> &events = recording_.devices.back().events;
+    std::vector<evdev::InputEvent> &events = _recording.devices.back().events;
     std::int64_t time = event.seconds * kMicroseconds + event.microseconds;
     if (!events.empty() && time < events.back().time) {
         complain("time runs backwards", line);
@@ -57,20 +57,20 @@ bool Intake::add(const RawEvent &event, std::size_t line) {
     }
     events.push_back({time, static_cast<std::uint16_t>(event.type), static_cast<std::uint16_t>(event.code),
                       static_cast<std::int32_t>(event.value)});
-    ++eventCount_;
+    ++_eventCount;
     return true;
 }
 
 bool Intake::complain(std::string_view what) {
-    if (recording_.complaint.empty()) {
-        recording_.complaint = what;
+    if (_recording.complaint.empty()) {
+        _recording.complaint = what;
     }
     return false;
 }
 
 bool Intake::complain(std::string_view what, std::size_t line) {
-    if (recording_.complaint.empty()) {
-        recording_.complaint.append(what).append(" at line ").append(std::to_string(line));
+    if (_recording.complaint.empty()) {
+        _recording.complaint.append(what).append(" at line ").append(std::to_string(line));
     }
     return false;
 }
@@ -79,7 +79,7 @@ Recording Intake::take() {
     if (!hasDevice()) {
         complain("no device found");
     }
-    return std::move(recording_);
+    return std::move(_recording);
 }
 
 } // namespace barquell::recording

@@ -21,12 +21,12 @@ struct RawEvent {
 class Intake {
 public:
     bool beginDevice(std::size_t line);
-    void dropDevice() { recording_.devices.pop_back(); }
+    void dropDevice() { _recording.devices.pop_back(); }
 
-    [[nodiscard]] bool hasDevice() const { return !recording_.devices.empty(); }
-    [[nodiscard]] std::size_t deviceCount() const { return recording_.devices.size(); }
+    [[nodiscard]] bool hasDevice() const { return !_recording.devices.empty(); }
+    [[nodiscard]] std::size_t deviceCount() const { return _recording.devices.size(); }
     /// The device that is being read.
-    evdev::DeviceDescription &description() { return recording_.devices.back().description; }
+    evdev::DeviceDescription &description() { return _recording.devices.back().description; }
     void declareCode(std::size_t type, std::size_t code);
 
     bool add(const RawEvent &event, std::size_t line);
@@ -38,8 +38,8 @@ public:
     Recording take();
 
 private:
-    Recording recording_;
-    std::size_t eventCount_ = 0;
+    Recording _recording;
+    std::size_t _eventCount = 0;
 };
 
 } // namespace barquell::recording

@@ -17,7 +17,7 @@ constexpr std::size_t kMaximumDepth = 256;
 
 class LibinputReader {
 public:
-    explicit LibinputReader(const ByteSource &source) : yaml_(source) {}
+    explicit LibinputReader(const ByteSource &source) : _yaml(source) {}
 
     Recording read();
 
@@ -41,28 +41,28 @@ private:
     bool closeIdentity();
     bool closeAxis(std::string_view key);
     void finish(YamlStream::Kind last);
-    bool complain(std::string_view what) { return intake_.complain(what, yaml_.line()); }
+    bool complain(std::string_view what) { return _intake.complain(what, _yaml.line()); }
     bool damaged() { return complain("damaged"); }
 
-    YamlStream yaml_;
-    Intake intake_;
-    std::vector<Level> levels_{Level{Node::Text, false, false, {}}};
-    std::array<std::int64_t, 5> numbers_{}; ///< of the list that is being read, where its size is fixed
-    std::size_t numberCount_ = 0;
-    std::size_t codesType_ = 0;
-    bool deviceIsOpen_ = false;
-    bool hasName_ = false;
-    bool hasEvents_ = false;
-    std::int64_t announcedDevices_ = 1;
+    YamlStream _yaml;
+    Intake _intake;
+    std::vector<Level> _levels{Level{Node::Text, false, false, {}}};
+    std::array<std::int64_t, 5> _numbers{}; ///< of the list that is being read, where its size is fixed
+    std::size_t _numberCount = 0;
+    std::size_t _codesType = 0;
+    bool _deviceIsOpen = false;
+    bool _hasName = false;
+    bool _hasEvents = false;
+    std::int64_t _announcedDevices = 1;
 };
 
 Recording LibinputReader::read() {
-    YamlStream::Kind kind = yaml_.next();
+    YamlStream::Kind kind = _yaml.next();
     while (kind != YamlStream::Kind::End && kind != YamlStream::Kind::Broken && step(kind)) {
-        kind = yaml_.next();
+        kind = _yaml.next();
     }
     finish(kind);
-    return intake_.take();
+    return _intake.take();
 }
 
 bool LibinputReader::step(YamlStream::Kind kind) {
@@ -81,16 +81,16 @@ bool LibinputReader::step(YamlStream::Kind kind) {
 }
 
 bool LibinputReader::takeScalar() {
-    Level &level = levels_.back();
+    Level &level = _levels.back();
     if (!level.isMapping) {
-        return takeValue(level.node, {}, yaml_.text());
+        return takeValue(level.node, {}, _yaml.text());
     }
     level.atKey = !level.atKey;
     if (!level.atKey) {
-        level.key = yaml_.text();
+        level.key = _yaml.text();
         return true;
     }
-    return takeValue(level.node, level.key, yaml_.text());
+    return takeValue(level.node, level.key, _yaml.text());
 }
 
 bool LibinputReader::takeValue(Node parent, std::string_view key, std::string_view text) {
@@ -102,12 +102,12 @@ bool LibinputReader::takeValue(Node parent, std::string_view key, std::string_vi
         return takeHead(key, text);
     case Node::Description:
         if (key == "name") {
-            intake_.description().name = cleanName(text);
-            hasName_ = true;
+            _intake.description().name = cleanName(text);
+            _hasName = true;
         }
         return true;
     case Node::Device:
-        hasEvents_ = hasEvents_ || key == "events"; // the recorder leaves the value out where there are none
+        _hasEvents = _hasEvents || key == "events"; // the recorder leaves the value out where there are none
         return true;
     case Node::Events:
         return damaged();
@@ -122,7 +122,7 @@ bool LibinputReader::takeHead(std::string_view key, std::string_view text) {
     }
     if (key == "ndevices") {
         const auto number = wholeNumber(text);
-        announcedDevices_ = number.value_or(0);
+        _announcedDevices = number.value_or(0);
         return number || damaged();
     }
     return true;
@@ -134,10 +134,10 @@ bool LibinputReader::takeListed(Node list, std::string_view text) {
         return damaged();
     }
     if (const auto size = listSize(list)) {
-        if (numberCount_ == *size) {
+        if (_numberCount == *size) {
             return damaged();
         }
-        numbers_.at(numberCount_++) = *number;
+        _numbers.at(_numberCount++) = *number;
         return true;
     }
     if (!std::in_range<std::uint16_t>(*number)) {
@@ -145,18 +145,18 @@ bool LibinputReader::takeListed(Node list, std::string_view text) {
     }
     const auto code = static_cast<std::size_t>(*number);
     if (list == Node::Codes) {
-        intake_.declareCode(codesType_, code);
-    } else if (auto &properties = intake_.description().properties; code < properties.size()) {
+        _intake.declareCode(_codesType, code);
+    } else if (auto &properties = _intake.description().properties; code < properties.size()) {
         properties.set(code);
     }
     return true;
 }
 
 bool LibinputReader::open(bool isMapping) {
-    if (levels_.size() == kMaximumDepth) {
+    if (_levels.size() == kMaximumDepth) {
         return complain("nested too deeply");
     }
-    Level &parent = levels_.back();
+    Level &parent = _levels.back();
     Node child = Node::Unknown;
     if (parent.isMapping && parent.atKey) {
         parent.key.clear(); // a key that is no text is none we know
@@ -170,34 +170,34 @@ bool LibinputReader::open(bool isMapping) {
     if (!enter(child, parent.key)) {
         return false;
     }
-    levels_.push_back({child, isMapping, isMapping, {}});
+    _levels.push_back({child, isMapping, isMapping, {}});
     return true;
 }
 
 bool LibinputReader::enter(Node child, std::string_view key) {
-    numberCount_ = 0;
+    _numberCount = 0;
     if (child == Node::Device) {
-        hasName_ = false;
-        hasEvents_ = false;
-        deviceIsOpen_ = intake_.beginDevice(yaml_.line());
-        return deviceIsOpen_;
+        _hasName = false;
+        _hasEvents = false;
+        _deviceIsOpen = _intake.beginDevice(_yaml.line());
+        return _deviceIsOpen;
     }
     if (child == Node::EventItems) {
-        hasEvents_ = true;
+        _hasEvents = true;
     } else if (child == Node::Codes) {
         const auto type = wholeNumber(key);
         if (!type || !std::in_range<std::uint16_t>(*type)) {
             return damaged();
         }
-        codesType_ = static_cast<std::size_t>(*type);
+        _codesType = static_cast<std::size_t>(*type);
     }
     return true;
 }
 
 bool LibinputReader::close() {
-    const Node node = levels_.back().node;
-    levels_.pop_back();
-    if (const auto size = listSize(node); size && numberCount_ != *size) {
+    const Node node = _levels.back().node;
+    _levels.pop_back();
+    if (const auto size = listSize(node); size && _numberCount != *size) {
         return damaged();
     }
     switch (node) {
@@ -207,32 +207,32 @@ bool LibinputReader::close() {
     case Node::Identity:
         return closeIdentity();
     case Node::Axis:
-        return closeAxis(levels_.back().key);
+        return closeAxis(_levels.back().key);
     case Node::Event:
-        return intake_.add({numbers_[0], numbers_[1], numbers_[2], numbers_[3], numbers_[4]}, yaml_.line());
+        return _intake.add({_numbers[0], _numbers[1], _numbers[2], _numbers[3], _numbers[4]}, _yaml.line());
     default:
         return true;
     }
 }
 
 void LibinputReader::closeDevice() {
-    deviceIsOpen_ = false;
-    if (!hasName_) {
-        intake_.dropDevice();
+    _deviceIsOpen = false;
+    if (!_hasName) {
+        _intake.dropDevice();
         complain("cut short: a device without a name");
-    } else if (!hasEvents_) {
+    } else if (!_hasEvents) {
         complain("cut short: a device without events");
     }
 }
 
 bool LibinputReader::closeIdentity() {
-    evdev::DeviceDescription &device = intake_.description();
+    evdev::DeviceDescription &device = _intake.description();
     const std::array fields{&device.bus, &device.vendor, &device.product, &device.version};
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        if (!std::in_range<std::uint16_t>(numbers_.at(i))) {
+        if (!std::in_range<std::uint16_t>(_numbers.at(i))) {
             return complain("number out of range");
         }
-        *fields.at(i) = static_cast<std::uint16_t>(numbers_.at(i));
+        *fields.at(i) = static_cast<std::uint16_t>(_numbers.at(i));
     }
     return true;
 }
@@ -245,29 +245,29 @@ bool LibinputReader::closeAxis(std::string_view key) {
     evdev::AxisInfo axis;
     const std::array fields{&axis.minimum, &axis.maximum, &axis.fuzz, &axis.flat, &axis.resolution};
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        if (!std::in_range<std::int32_t>(numbers_.at(i))) {
+        if (!std::in_range<std::int32_t>(_numbers.at(i))) {
             return complain("number out of range");
         }
-        *fields.at(i) = static_cast<std::int32_t>(numbers_.at(i));
+        *fields.at(i) = static_cast<std::int32_t>(_numbers.at(i));
     }
     if (*code <= evdev::kAbsMax) {
-        intake_.description().axes[static_cast<std::uint16_t>(*code)] = axis;
+        _intake.description().axes[static_cast<std::uint16_t>(*code)] = axis;
     }
     return true;
 }
 
 void LibinputReader::finish(YamlStream::Kind last) {
-    if (deviceIsOpen_ && !hasName_) {
-        intake_.dropDevice();
+    if (_deviceIsOpen && !_hasName) {
+        _intake.dropDevice();
     }
-    if (last == YamlStream::Kind::Broken && !yaml_.brokeAtEnd()) {
-        complain(std::string("not YAML (") + yaml_.problem() + ")");
+    if (last == YamlStream::Kind::Broken && !_yaml.brokeAtEnd()) {
+        complain(std::string("not YAML (") + _yaml.problem() + ")");
     } else if (last == YamlStream::Kind::Broken ||
-               (last == YamlStream::Kind::End && yaml_.endsWithinLine())) {
-        intake_.complain("cut short", yaml_.lastLine());
-    } else if (last == YamlStream::Kind::End && intake_.hasDevice() &&
-               std::cmp_less(intake_.deviceCount(), announcedDevices_)) {
-        intake_.complain("cut short: devices are missing", yaml_.lastLine());
+               (last == YamlStream::Kind::End && _yaml.endsWithinLine())) {
+        _intake.complain("cut short", _yaml.lastLine());
+    } else if (last == YamlStream::Kind::End && _intake.hasDevice() &&
+               std::cmp_less(_intake.deviceCount(), _announcedDevices)) {
+        _intake.complain("cut short: devices are missing", _yaml.lastLine());
     }
 }
 

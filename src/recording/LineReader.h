@@ -26,10 +26,10 @@ public:
 private:
     bool fetch();
 
-    const ByteSource &source_;
-    std::vector<char> buffer_;
-    std::size_t begin_ = 0;
-    std::size_t end_ = 0;
+    const ByteSource &_source;
+    std::vector<char> _buffer;
+    std::size_t _begin = 0;
+    std::size_t _end = 0;
 };
 
 } // namespace barquell::recording

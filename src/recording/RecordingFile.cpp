@@ -20,38 +20,38 @@ class File {
 public:
     /// Nothing else than a regular file may make us wait for a writer.
     explicit File(const std::filesystem::path &path)
-        : handle_(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)),
-          error_(handle_ < 0 ? errno : 0) {}
+        : _handle(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)),
+          _error(_handle < 0 ? errno : 0) {}
     ~File() {
-        if (handle_ >= 0) {
-            ::close(handle_);
+        if (_handle >= 0) {
+            ::close(_handle);
         }
     }
     File(const File &) = delete;
     File &operator=(const File &) = delete;
 
-    [[nodiscard]] int error() const { return error_; }
+    [[nodiscard]] int error() const { return _error; }
 
     [[nodiscard]] bool isRegular() const {
         struct stat status {};
-        return ::fstat(handle_, &status) == 0 && S_ISREG(status.st_mode);
+        return ::fstat(_handle, &status) == 0 && S_ISREG(status.st_mode);
     }
 
     /// The bytes from a place on; 0 at the end, and for an error, which is kept.
     std::size_t read(std::span<char> buffer, std::size_t from) {
         ssize_t size = -1;
         do {
-            size = ::pread(handle_, buffer.data(), buffer.size(), static_cast<off_t>(from));
+            size = ::pread(_handle, buffer.data(), buffer.size(), static_cast<off_t>(from));
         } while (size < 0 && errno == EINTR);
         if (size < 0) {
-            error_ = errno;
+            _error = errno;
         }
         return size < 0 ? 0 : static_cast<std::size_t>(size);
     }
 
 private:
-    int handle_ = -1;
-    int error_ = 0;
+    int _handle = -1;
+    int _error = 0;
 };
 
 enum class Format { Evemu, Libinput, Neither };

@@ -17,23 +17,23 @@ void YamlStream::DeleteParser::operator()(yaml_parser_t *parser) const {
     std::default_delete<yaml_parser_t>()(parser);
 }
 
-YamlStream::YamlStream(const ByteSource &source) : source_(source) {
+YamlStream::YamlStream(const ByteSource &source) : _source(source) {
     auto parser = std::make_unique<yaml_parser_t>();
     if (yaml_parser_initialize(parser.get()) == 0) {
         throw std::bad_alloc();
     }
-    parser_.reset(parser.release());
-    yaml_parser_set_encoding(parser_.get(), YAML_UTF8_ENCODING);
-    yaml_parser_set_input(parser_.get(), &YamlStream::readHandler, this);
+    _parser.reset(parser.release());
+    yaml_parser_set_encoding(_parser.get(), YAML_UTF8_ENCODING);
+    yaml_parser_set_input(_parser.get(), &YamlStream::readHandler, this);
 }
 
 YamlStream::Kind YamlStream::next() {
-    eventGuard_.reset();
-    if (yaml_parser_parse(parser_.get(), &event_) == 0) {
+    _eventGuard.reset();
+    if (yaml_parser_parse(_parser.get(), &_event) == 0) {
         return Kind::Broken;
     }
-    eventGuard_.reset(&event_);
-    switch (event_.type) {
+    _eventGuard.reset(&_event);
+    switch (_event.type) {
     case YAML_SCALAR_EVENT:
     case YAML_ALIAS_EVENT:
         return Kind::Scalar;
@@ -56,62 +56,62 @@ YamlStream::Kind YamlStream::next() {
 }
 
 std::string_view YamlStream::text() const {
-    if (event_.type != YAML_SCALAR_EVENT) {
+    if (_event.type != YAML_SCALAR_EVENT) {
         return {};
     }
-    const auto &scalar = event_.data.scalar;
+    const auto &scalar = _event.data.scalar;
     return {reinterpret_cast<const char *>(scalar.value), scalar.length};
 }
 
 std::size_t YamlStream::line() const {
-    const bool broken = parser_->error != YAML_NO_ERROR;
-    return (broken ? parser_->problem_mark.line : event_.start_mark.line) + 1;
+    const bool broken = _parser->error != YAML_NO_ERROR;
+    return (broken ? _parser->problem_mark.line : _event.start_mark.line) + 1;
 }
 
 bool YamlStream::brokeAtEnd() const {
-    return sourceEnded_ && line() >= lineCount_;
+    return _sourceEnded && line() >= _lineCount;
 }
 
 int YamlStream::readHandler(void *self, unsigned char *buffer, std::size_t size, std::size_t *length) {
     auto &stream = *static_cast<YamlStream *>(self);
     try {
-        while (stream.given_ == stream.clean_.size() && stream.refill()) {
+        while (stream._given == stream._clean.size() && stream.refill()) {
         }
     } catch (const std::bad_alloc &) {
         return 0; // nothing may be thrown through libyaml
     }
-    *length = stream.clean_.copy(reinterpret_cast<char *>(buffer), size, stream.given_);
-    stream.given_ += *length;
+    *length = stream._clean.copy(reinterpret_cast<char *>(buffer), size, stream._given);
+    stream._given += *length;
     return 1;
 }
 
 /// libyaml refuses a whole text for one byte that is no UTF-8, but such a byte in a device's name is no
 /// reason to lose the recording: it is cleaned before.
 bool YamlStream::refill() {
-    if (sourceEnded_) {
+    if (_sourceEnded) {
         return false;
     }
-    const std::size_t kept = raw_.size();
-    raw_.resize(kept + kPieceSize);
-    const std::size_t size = source_(std::span(raw_).subspan(kept));
-    raw_.resize(kept + size);
-    sourceEnded_ = size == 0;
-    noteTail(std::string_view(raw_).substr(kept));
-    clean_.clear();
-    given_ = 0;
-    raw_.erase(0, appendCleanLines(clean_, raw_, sourceEnded_));
+    const std::size_t kept = _raw.size();
+    _raw.resize(kept + kPieceSize);
+    const std::size_t size = _source(std::span(_raw).subspan(kept));
+    _raw.resize(kept + size);
+    _sourceEnded = size == 0;
+    noteTail(std::string_view(_raw).substr(kept));
+    _clean.clear();
+    _given = 0;
+    _raw.erase(0, appendCleanLines(_clean, _raw, _sourceEnded));
     return true;
 }
 
 void YamlStream::noteTail(std::string_view piece) {
-    lineCount_ += static_cast<std::size_t>(std::count(piece.begin(), piece.end(), '\n'));
+    _lineCount += static_cast<std::size_t>(std::count(piece.begin(), piece.end(), '\n'));
     if (const std::size_t lineEnd = piece.rfind('\n'); lineEnd != std::string_view::npos) {
-        tail_ = Tail::Blank;
+        _tail = Tail::Blank;
         piece.remove_prefix(lineEnd + 1);
     }
     const std::size_t first = piece.find_first_not_of(" \t");
-    if (tail_ == Tail::Blank && first != std::string_view::npos) {
-        tail_ = piece[first] == '#' ? Tail::Comment : Tail::Text;
+    if (_tail == Tail::Blank && first != std::string_view::npos) {
+        _tail = piece[first] == '#' ? Tail::Comment : Tail::Text;
     }
 }
 

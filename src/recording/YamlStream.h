@@ -32,14 +32,14 @@ public:
     text() const; ///< of a scalar; an alias, which recordings do not have, is an empty one
     [[nodiscard]] std::size_t line() const;
     /// Whether the text ends in the middle of a line that is no comment.
-    [[nodiscard]] bool endsWithinLine() const { return tail_ == Tail::Text; }
+    [[nodiscard]] bool endsWithinLine() const { return _tail == Tail::Text; }
     [[nodiscard]] bool brokeAtEnd() const;
     /// Of what has been read so far.
     [[nodiscard]] std::size_t lastLine() const {
-        return tail_ == Tail::Blank && lineCount_ > 1 ? lineCount_ - 1 : lineCount_;
+        return _tail == Tail::Blank && _lineCount > 1 ? _lineCount - 1 : _lineCount;
     }
     [[nodiscard]] const char *problem() const {
-        return parser_->problem != nullptr ? parser_->problem : "not readable";
+        return _parser->problem != nullptr ? _parser->problem : "not readable";
     }
 
 private:
@@ -55,16 +55,16 @@ private:
     bool refill();
     void noteTail(std::string_view piece);
 
-    const ByteSource &source_;
-    std::string raw_; ///< the beginning of a character that the last piece cut
-    std::string clean_;
-    std::size_t given_ = 0; ///< how much of clean_ libyaml has
-    bool sourceEnded_ = false;
-    Tail tail_ = Tail::Blank; ///< what the last line, as yet without an end, is
-    std::size_t lineCount_ = 1;
-    std::unique_ptr<yaml_parser_t, DeleteParser> parser_;
-    yaml_event_t event_{};
-    std::unique_ptr<yaml_event_t, DeleteEvent> eventGuard_; ///< set while event_ holds something
+    const ByteSource &_source;
+    std::string _raw; ///< the beginning of a character that the last piece cut
+    std::string _clean;
+    std::size_t _given = 0; ///< how much of _clean libyaml has
+    bool _sourceEnded = false;
+    Tail _tail = Tail::Blank; ///< what the last line, as yet without an end, is
+    std::size_t _lineCount = 1;
+    std::unique_ptr<yaml_parser_t, DeleteParser> _parser;
+    yaml_event_t _event{};
+    std::unique_ptr<yaml_event_t, DeleteEvent> _eventGuard; ///< set while _event holds something
 };
 
 } // namespace barquell::recording

@@ -40,43 +40,43 @@ std::string nameOf(const testing::TestParamInfo<Subject> &info) {
 class CutRecording : public testing::TestWithParam<Subject> {
 protected:
     CutRecording()
-        : text_(readText(BARQUELL_TEST_DATA "/" + GetParam().file)), whole_(GetParam().read(text_)),
-          lastNeeded_(text_.rfind(GetParam().lastNeeded)), lastOfHead_(text_.rfind(GetParam().lastOfHead)) {}
+        : _text(readText(BARQUELL_TEST_DATA "/" + GetParam().file)), _whole(GetParam().read(_text)),
+          _lastNeeded(_text.rfind(GetParam().lastNeeded)), _lastOfHead(_text.rfind(GetParam().lastOfHead)) {}
 
     void SetUp() override {
-        ASSERT_EQ(whole_.complaint, "");
-        ASSERT_NE(lastNeeded_, std::string::npos);
-        ASSERT_NE(lastOfHead_, std::string::npos);
-        ASSERT_GT(text_.size(), kEveryByteAtEnd);
+        ASSERT_EQ(_whole.complaint, "");
+        ASSERT_NE(_lastNeeded, std::string::npos);
+        ASSERT_NE(_lastOfHead, std::string::npos);
+        ASSERT_GT(_text.size(), kEveryByteAtEnd);
     }
 
     void expectGoodReading(std::size_t size) const {
         SCOPED_TRACE(size);
-        const std::string_view cut = std::string_view(text_).substr(0, size);
+        const std::string_view cut = std::string_view(_text).substr(0, size);
         const Recording recording = GetParam().read(cut);
-        ASSERT_NO_FATAL_FAILURE(expectPrefix(recording, whole_));
-        if (!endsBetweenLines(cut) || size <= lastNeeded_ + 1) {
+        ASSERT_NO_FATAL_FAILURE(expectPrefix(recording, _whole));
+        if (!endsBetweenLines(cut) || size <= _lastNeeded + 1) {
             ASSERT_NE(recording.complaint, "");
-        } else if (size > lastOfHead_ + 1) {
+        } else if (size > _lastOfHead + 1) {
             ASSERT_EQ(recording.complaint, "");
         }
     }
 
-    std::string text_;
-    Recording whole_;
-    std::size_t lastNeeded_;
-    std::size_t lastOfHead_;
+    std::string _text;
+    Recording _whole;
+    std::size_t _lastNeeded;
+    std::size_t _lastOfHead;
 };
 
 TEST_P(CutRecording, IsReadUpToTheCutAtEveryByteOfTheHeadAndManyMore) {
-    const std::size_t headEnd = text_.find(GetParam().lastOfHead);
-    for (std::size_t size = 0; size < text_.size(); size += size < headEnd ? 1 : GetParam().step) {
+    const std::size_t headEnd = _text.find(GetParam().lastOfHead);
+    for (std::size_t size = 0; size < _text.size(); size += size < headEnd ? 1 : GetParam().step) {
         ASSERT_NO_FATAL_FAILURE(expectGoodReading(size));
     }
 }
 
 TEST_P(CutRecording, IsReadUpToTheCutAtEveryByteOfTheEnd) {
-    for (std::size_t size = text_.size() - kEveryByteAtEnd; size < text_.size(); ++size) {
+    for (std::size_t size = _text.size() - kEveryByteAtEnd; size < _text.size(); ++size) {
         ASSERT_NO_FATAL_FAILURE(expectGoodReading(size));
     }
 }

@@ -13,14 +13,14 @@ class RecordingFile : public testing::Test {
 public:
     RecordingFile() {
         std::string pattern = testing::TempDir() + "recordingXXXXXX";
-        directory_ = ::mkdtemp(pattern.data());
+        _directory = ::mkdtemp(pattern.data());
     }
-    ~RecordingFile() override { std::filesystem::remove_all(directory_); }
+    ~RecordingFile() override { std::filesystem::remove_all(_directory); }
     RecordingFile(const RecordingFile &) = delete;
     RecordingFile &operator=(const RecordingFile &) = delete;
 
     [[nodiscard]] std::filesystem::path write(const std::string &text) const {
-        std::filesystem::path file = directory_ / "recording";
+        std::filesystem::path file = _directory / "recording";
         std::ofstream(file, std::ios::binary) << text;
         return file;
     }
@@ -31,7 +31,7 @@ public:
         EXPECT_THAT(recording.complaint, testing::StartsWith(reason));
     }
 
-    std::filesystem::path directory_;
+    std::filesystem::path _directory;
 };
 
 TEST_F(RecordingFile, IsReadAsWhatItContains) {
@@ -64,13 +64,13 @@ TEST_F(RecordingFile, IsRefusedWhereItIsEmpty) {
 }
 
 TEST_F(RecordingFile, IsRefusedWhereItCannotBeOpened) {
-    expectRefused(directory_ / "missing", "cannot be opened: No such file or directory");
+    expectRefused(_directory / "missing", "cannot be opened: No such file or directory");
 }
 
 TEST_F(RecordingFile, IsRefusedWhereItIsNoFile) {
-    expectRefused(directory_, "not a regular file");
+    expectRefused(_directory, "not a regular file");
     expectRefused("/dev/zero", "not a regular file");
-    const std::filesystem::path pipe = directory_ / "pipe";
+    const std::filesystem::path pipe = _directory / "pipe";
     ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
     expectRefused(pipe, "not a regular file"); // and nobody waits for its writer
 }
