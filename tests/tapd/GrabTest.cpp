@@ -6,9 +6,7 @@ namespace barquell::test {
 
 using namespace protocol;
 using namespace std::chrono_literals;
-using testing::Contains;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 
@@ -88,6 +86,23 @@ TEST_F(GrabTest, AFingerThatComesInTheMomentOfTheGrabPutsItOff) {
     EXPECT_FALSE(bar.grabbed);
     bar.up(0);
     report(bar);
+    EXPECT_TRUE(bar.grabbed);
+}
+
+TEST_F(GrabTest, AFingerThatLeftWhileNobodyLookedIsNotWaitedFor) {
+    plug(bar);
+    hello(client);
+    create(client);
+    bar.down(0, 100);
+    report(bar);
+    announce(bar);
+    destroy(client);
+    later(kLinger);
+    bar.up(0);
+    report(bar);
+    ASSERT_TRUE(lost) << "a bar that nobody wants is not read";
+    create(client);
+    announce(bar);
     EXPECT_TRUE(bar.grabbed);
 }
 

@@ -52,7 +52,7 @@ protected:
         folder = ::mkdtemp(name.data());
         options.path = folder / "run" / "tap.sock";
     }
-    ~ListenerTest() override { std::filesystem::remove_all(folder); }
+    void TearDown() override { std::filesystem::remove_all(folder); }
 
     FileDescriptor connect() const {
         FileDescriptor socket(::socket(AF_UNIX, SOCK_SEQPACKET, 0));
@@ -71,6 +71,7 @@ protected:
 std::optional<Options> parse(std::vector<std::string> words) {
     words.insert(words.begin(), "barquell-tapd");
     std::vector<char *> arguments;
+    arguments.reserve(words.size() + 1);
     for (std::string &word : words) {
         arguments.push_back(word.data());
     }

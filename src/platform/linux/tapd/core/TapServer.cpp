@@ -83,7 +83,6 @@ void TapServer::createTap(Client &client, EventMask mask, Time now) {
         return;
     }
     _tap.open(client, mask);
-    _lingerUntil.reset();
     _log.line(client.link().name() + ": has the tap");
     updateWanted(now);
     if (!client.tapCreated()) {
