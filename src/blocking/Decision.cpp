@@ -1,11 +1,10 @@
 #include "blocking/Decision.h"
 
+#include <array>
+
 namespace barquell::blocking {
 
 namespace {
-
-constexpr std::array kSidedModifiers{SidedModifier::Command, SidedModifier::Option, SidedModifier::Control,
-                                     SidedModifier::Shift};
 
 struct BitName {
     ModifierFlags bit;

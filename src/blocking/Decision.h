@@ -2,7 +2,6 @@
 
 #include "platform/Event.h"
 
-#include <array>
 #include <cstdint>
 #include <string>
 
@@ -13,6 +12,9 @@ namespace barquell::blocking {
 /// The modifiers that can be chosen as pause keys and have two sides. Type 1 is left, 2 is right, every other
 /// value either side.
 enum class SidedModifier { Command, Option, Control, Shift };
+
+inline constexpr SidedModifier kSidedModifiers[] = {SidedModifier::Command, SidedModifier::Option,
+                                                    SidedModifier::Control, SidedModifier::Shift};
 
 struct SidedModifierBits {
     ModifierFlags generic;

@@ -86,13 +86,14 @@ QString describe(const QObject &observer) {
 }
 
 void notifyObserver(QObject &observer) {
+    const QString description = describe(observer); // it may be gone when it throws
     try {
         dynamic_cast<TrustedProcessObserver &>(observer).processTrustedStateDidChange(state().trusted);
     } catch (const std::exception &exception) {
         log(QStringLiteral("Exception while notifying observer %1: %2")
-                .arg(describe(observer), QString::fromUtf8(exception.what())));
+                .arg(description, QString::fromUtf8(exception.what())));
     } catch (...) {
-        log(QStringLiteral("Unknown exception while notifying observer %1").arg(describe(observer)));
+        log(QStringLiteral("Unknown exception while notifying observer %1").arg(description));
     }
 }
 

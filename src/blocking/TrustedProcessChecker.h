@@ -20,6 +20,10 @@ protected:
 /// Knows whether this process may filter events, and tells its observers when that changes. There is no
 /// direct word from the system, so it puts three together: the notification that the accessibility list
 /// changed, a poll every 30 s while anyone observes, and the checks that callers ask for. Main thread only.
+///
+/// Adding or removing observers while they are told is an error: the call that told them throws
+/// std::logic_error. What an observer throws is logged and ends there. The process ends with status -1 where
+/// there is no memory for the table of observers.
 class TrustedProcessChecker {
 public:
     TrustedProcessChecker() = delete;

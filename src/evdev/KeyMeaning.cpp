@@ -46,6 +46,8 @@ constexpr std::array<std::uint16_t, 16> kMediaKeys{
     230, // KEY_KBDILLUMUP
 };
 
+static_assert(std::is_sorted(kMediaKeys.begin(), kMediaKeys.end()), "it is searched by halves");
+
 constexpr std::int32_t kKeyUp = 0;
 constexpr std::int32_t kKeyRepeat = 2;
 

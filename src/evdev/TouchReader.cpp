@@ -14,12 +14,12 @@ TouchReader::TouchReader(const DeviceDescription &bar)
 
 TouchReader::Range TouchReader::rangeOf(const DeviceDescription &bar, std::uint16_t code) {
     const AxisInfo &axis = bar.axes.at(code);
-    const auto minimum = static_cast<float>(axis.minimum);
-    return {minimum, static_cast<float>(axis.maximum) - minimum};
+    const double minimum = axis.minimum;
+    return {minimum, axis.maximum - minimum};
 }
 
 float TouchReader::Range::fraction(std::int32_t value) const {
-    return std::clamp((static_cast<float>(value) - minimum) / length, 0.0F, 1.0F);
+    return static_cast<float>(std::clamp((value - minimum) / length, 0.0, 1.0));
 }
 
 bool TouchReader::feed(const InputEvent &event) {

@@ -9,7 +9,7 @@
 namespace barquell::evdev {
 
 /// Translates what a bar's node reports to frames of touches. It allocates nothing. Events that it does not
-/// know, slots out of range and updates of slots without a contact change nothing.
+/// know, slots out of range change nothing; axes of a slot without a contact count when one begins.
 class TouchReader {
 public:
     /// For a device that isTouchBar().
@@ -33,8 +33,8 @@ public:
 
 private:
     struct Range {
-        float minimum;
-        float length;
+        double minimum;
+        double length;
 
         float fraction(std::int32_t value) const;
     };

@@ -42,12 +42,13 @@ void Observable::removeObserver(ChangeObserver &observer, const QString &keyPath
 }
 
 void Observable::didChangeValue(const QString &keyPath) {
-    const QVariant current = valueForKeyPath(keyPath);
-    const QVariant newValue = current.isValid() ? current : nullObject();
     const QPointer<Observable> self = this; // an observer may destroy us
     const auto registrations = _registrations;
     for (const auto &entry : registrations) {
         if (entry->observer && entry->keyPath == keyPath) {
+            // Asked for each anew: an observer may have written another value in the meantime.
+            const QVariant current = valueForKeyPath(keyPath);
+            const QVariant newValue = current.isValid() ? current : nullObject();
             entry->observer->observeValueForKeyPath(keyPath, self.data(), newValue, entry->context);
         }
         if (!self) {

@@ -74,14 +74,15 @@ QSet<QString> &KeyValueObserver::keyPathsOf(Observable *object) {
     if (!_subscriptions) {
         _subscriptions.emplace();
     }
-    if (!_subscriptions->contains(object)) {
-        connect(object, &QObject::destroyed, this, [this, object] {
+    Subscription &subscription = (*_subscriptions)[object];
+    if (!subscription.forgetting) {
+        subscription.forgetting = connect(object, &QObject::destroyed, this, [this, object] {
             if (_subscriptions) {
                 _subscriptions->remove(object);
             }
         });
     }
-    return (*_subscriptions)[object];
+    return subscription.keyPaths;
 }
 
 void KeyValueObserver::unsubscribeFromKeyPath(const QString &keyPath, Observable *object) {
@@ -89,7 +90,7 @@ void KeyValueObserver::unsubscribeFromKeyPath(const QString &keyPath, Observable
         return;
     }
     const auto entry = _subscriptions->find(object);
-    if (entry != _subscriptions->end() && entry->remove(keyPath)) {
+    if (entry != _subscriptions->end() && entry->keyPaths.remove(keyPath)) {
         object->removeObserver(*this, keyPath);
     }
 }
@@ -98,9 +99,9 @@ void KeyValueObserver::unsubscribeFromObject(Observable *object) {
     if (!_subscriptions || !_subscriptions->contains(object)) {
         return;
     }
-    const QSet<QString> keyPaths = _subscriptions->take(object);
-    disconnect(object, &QObject::destroyed, this, nullptr);
-    for (const QString &keyPath : keyPaths) {
+    const Subscription subscription = _subscriptions->take(object);
+    disconnect(subscription.forgetting);
+    for (const QString &keyPath : subscription.keyPaths) {
         object->removeObserver(*this, keyPath);
     }
 }
@@ -117,6 +118,9 @@ void KeyValueObserver::unsubscribeFromAllObjects() {
 }
 
 void KeyValueObserver::setValue(const QVariant &value, const QString &keyPath, Observable *object) {
+    if (!object) {
+        return;
+    }
     const SilentWrite silence(object);
     object->setValue(value, keyPath);
 }

@@ -47,7 +47,11 @@ public:
                                 const ObservingContext &context) override;
 
 private:
-    using Subscriptions = QHash<Observable *, QSet<QString>>;
+    struct Subscription {
+        QSet<QString> keyPaths;
+        QMetaObject::Connection forgetting; // of an object that goes away
+    };
+    using Subscriptions = QHash<Observable *, Subscription>;
 
     QSet<QString> &keyPathsOf(Observable *object);
 

@@ -28,6 +28,8 @@ protected:
                 EXPECT_EQ(notification.object, nullptr);
                 EXPECT_EQ(notification.userInfo.size(), 1);
                 sources.push_back(notification.userInfo.value(QStringLiteral("source")).toInt());
+                states.push_back(TouchBarInterceptor::effectivelyEnabled());
+                linesBefore.push_back(log.lines.size());
             });
     }
 
@@ -43,6 +45,8 @@ protected:
     /// What has happened so far is of no interest.
     void forget() {
         sources.clear();
+        states.clear();
+        linesBefore.clear();
         taps.journal.clear();
         log.lines.clear();
     }
@@ -61,7 +65,9 @@ protected:
 
     Place &here = place();
     ScriptedEventTaps &taps = here.platform.taps;
-    std::vector<int> sources; ///< of the state notifications
+    std::vector<int> sources;           ///< of the state notifications
+    std::vector<bool> states;           ///< as who hears one reads it
+    std::vector<qsizetype> linesBefore; ///< how many lines had been logged before each
     LogCapture log;
 
 private:

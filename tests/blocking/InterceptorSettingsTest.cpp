@@ -56,6 +56,19 @@ TEST_F(InterceptorSettingsTest, WhileBlockingIsOffTrustIsNotFollowed) {
     EXPECT_THAT(taps.journal, IsEmpty());
 }
 
+TEST_F(InterceptorSettingsTest, SwitchingBlockingOffEndsTheWatchOverTrust) {
+    start();
+    set("Enabled", false);
+    here.platform.trust.trusted = false;
+    here.loop.advanceBy(std::chrono::hours(1)); // no poll any more
+    EXPECT_TRUE(TrustedProcessChecker::isTrusted());
+    TrustedProcessChecker::checkIsTrusted();
+    set("Enabled", true);
+    here.platform.trust.trusted = true;
+    here.loop.advanceBy(std::chrono::seconds(30));
+    EXPECT_FALSE(touchPasses());
+}
+
 TEST_F(InterceptorSettingsTest, AnEqualValueOfASettingChangesNothing) {
     start();
     for (const char *key : {"Enabled", "PauseKeyAllowed", "PauseKeyFn", "ClearPauseKeys"}) {

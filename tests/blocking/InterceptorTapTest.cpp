@@ -26,6 +26,20 @@ TEST_F(InterceptorTapTest, TheStartMakesTheTapInItsOrderAndAnnouncesThePauseKeys
     EXPECT_THAT(log.lines, ElementsAre(QStringLiteral("[Fn]")));
 }
 
+TEST_F(InterceptorTapTest, WhoHearsOfAChangeReadsTheNewState) {
+    start();
+    hold(kFlagFn);
+    hold(0);
+    TouchBarInterceptor::updatePauseFlags(PauseFlagScreenShield, true);
+    EXPECT_THAT(sources, ElementsAre(1, 1, 2));
+    EXPECT_THAT(states, ElementsAre(false, true, false));
+}
+
+TEST_F(InterceptorTapTest, AChangedMaskIsAnnouncedBeforeItIsLogged) {
+    TouchBarInterceptor::subscribeToUserDefaults();
+    EXPECT_THAT(linesBefore, ElementsAre(0));
+}
+
 TEST_F(InterceptorTapTest, AStartWithoutAPauseKeyIsAnnouncedByTheTap) {
     set("PauseKeyFn", false);
     TouchBarInterceptor::subscribeToUserDefaults();
@@ -64,6 +78,13 @@ TEST_F(InterceptorTapTest, LostTrustDestroysTheTapAndPostsNothingSinceTheStateIs
 }
 
 TEST_F(InterceptorTapTest, TrustThatIsToldAgainKeepsTheTap) {
+    start();
+    TouchBarInterceptor::cls().processTrustedStateDidChange(true);
+    EXPECT_THAT(taps.journal, IsEmpty());
+}
+
+TEST_F(InterceptorTapTest, TrustThatIsToldWhileBlockingIsOffMakesNoTap) {
+    set("Enabled", false);
     start();
     TouchBarInterceptor::cls().processTrustedStateDidChange(true);
     EXPECT_THAT(taps.journal, IsEmpty());

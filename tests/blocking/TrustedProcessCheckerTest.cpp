@@ -124,6 +124,31 @@ TEST_F(TrustedProcessCheckerTest, AnObserverThatVanishesLeavesTheTimerRunning) {
     EXPECT_TRUE(TrustedProcessChecker::isTrusted());
 }
 
+TEST_F(TrustedProcessCheckerTest, RemovingTheLastLivingObserverStopsTheTimer) {
+    auto shortLived = std::make_unique<TrustRecorder>();
+    TrustedProcessChecker::addObserver(shortLived.get(), false);
+    TrustedProcessChecker::addObserver(&observer, false);
+    shortLived.reset();
+    TrustedProcessChecker::removeObserver(&observer);
+    trust().trusted = true;
+    letPollsRun();
+    EXPECT_FALSE(TrustedProcessChecker::isTrusted());
+}
+
+TEST_F(TrustedProcessCheckerTest, AnObserverThatDestroysItselfAndThrowsIsStillNamed) {
+    auto *shortLived = new TrustRecorder; // NOLINT(cppcoreguidelines-owning-memory): ends itself
+    const QString name = describe(*shortLived);
+    shortLived->then = [shortLived] {
+        delete shortLived; // NOLINT(cppcoreguidelines-owning-memory)
+        throw std::runtime_error("gone");
+    };
+    TrustedProcessChecker::addObserver(shortLived, false);
+    trust().trusted = true;
+    TrustedProcessChecker::checkIsTrusted();
+    EXPECT_THAT(log.lines,
+                ElementsAre(QStringLiteral("Exception while notifying observer %1: gone").arg(name)));
+}
+
 TEST_F(TrustedProcessCheckerTest, AnObjectThatDoesNotRespondIsNeverAdded) {
     QObject mute;
     TrustedProcessChecker::addObserver(&mute, true);

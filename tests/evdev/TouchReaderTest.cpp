@@ -86,6 +86,19 @@ TEST_F(TouchReaderTest, PositionsAreFractionsOfTheBar) {
     EXPECT_FLOAT_EQ(reader.frame().touches().front().y, 0);
 }
 
+TEST_F(TouchReaderTest, PositionsAreNumbersAlsoOnTheSmallestAndTheLargestAxes) {
+    for (const AxisInfo &axis :
+         {AxisInfo{INT32_MAX - 1, INT32_MAX, 0, 0, 0}, AxisInfo{INT32_MIN, INT32_MAX, 0, 0, 0}}) {
+        DeviceDescription bar = t2Bar();
+        bar.axes[kAbsMtPositionX] = axis;
+        TouchReader extreme(bar);
+        for (const InputEvent &event : frame({{kAbsMtTrackingId, 1}, {kAbsMtPositionX, INT32_MAX}})) {
+            extreme.feed(event);
+        }
+        EXPECT_EQ(extreme.frame().touches().front().x, 1);
+    }
+}
+
 TEST_F(TouchReaderTest, SlotsOutOfRangeChangeNothing) {
     for (const std::int32_t slot : {-1, 11, INT32_MAX, INT32_MIN}) {
         EXPECT_THAT(feed({{kAbsMtSlot, slot}, {kAbsMtTrackingId, 1}}), IsEmpty());

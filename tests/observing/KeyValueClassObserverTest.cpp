@@ -58,6 +58,16 @@ TEST(KeyValueClassObserverTest, AClassIsRefusedWhereAnInstanceWouldBe) {
                 ElementsAre(QStringLiteral("Receiver does not respond to selector: observeWeather")));
 }
 
+TEST(KeyValueClassObserverTest, ANullObjectIsNilInAChangeButStaysItselfAtTheInitialCall) {
+    static Observable object;
+    object.setValue(nullObject(), key());
+    cls().subscribeToKeyPath(key(), &object, "observeAll:init:keyPath:", true);
+    object.setValue(nullObject(), key());
+    ASSERT_EQ(cls().calls.size(), 2);
+    EXPECT_TRUE(isNullObject(cls().calls.at(0).value));
+    EXPECT_FALSE(cls().calls.at(1).value.isValid());
+}
+
 TEST(KeyValueClassObserverTest, ARegistrationWithoutAMethodIsIgnored) {
     static Observable object;
     object.addObserver(cls(), key(), std::monostate{});

@@ -184,6 +184,22 @@ TEST_F(KeyValueObserverTest, ASilentWriteToOneObjectLeavesTheOthersAudible) {
     EXPECT_THAT(observer.calls, ElementsAre(all(1, false)));
 }
 
+TEST_F(KeyValueObserverTest, AWriteToNoObjectDoesNothing) {
+    observer.subscribeToUserDefaultsKeyPath(key(), "observeValue:", false);
+    observer.setValue(1, key(), nullptr);
+    EXPECT_THAT(observer.calls, IsEmpty());
+}
+
+TEST_F(KeyValueObserverTest, UnsubscribingLeavesOtherConnectionsToTheObjectAlone) {
+    int destroyed = 0;
+    auto shortLived = std::make_unique<Observable>();
+    QObject::connect(shortLived.get(), &QObject::destroyed, &observer, [&] { ++destroyed; });
+    observer.subscribeToKeyPath(key(), shortLived.get(), "observeValue:", false);
+    observer.unsubscribeFromObject(shortLived.get());
+    shortLived.reset();
+    EXPECT_EQ(destroyed, 1);
+}
+
 TEST_F(KeyValueObserverTest, NestedSilentWritesEndWithTheOutermost) {
     class Nested : public Observable {
     public:

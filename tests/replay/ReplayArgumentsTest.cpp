@@ -45,8 +45,9 @@ TEST(ReplayArgumentsTest, PseudoKeysAreNoSettings) {
 }
 
 TEST(ReplayArgumentsTest, WhatIsNoAssignmentIsRefused) {
-    for (const char *assignment : {"Enabled", "=true", "", "trusted=maybe", "trusted=1", "pauseFlags=-1",
-                                   "pauseFlags=4294967296", "pauseFlags=true", "pauseFlags=some"}) {
+    for (const char *assignment :
+         {"Enabled", "=true", "", "trusted=maybe", "trusted=1", "pauseFlags=-1", "pauseFlags=4294967296",
+          "pauseFlags=true", "pauseFlags=some", "Key=[null]"}) {
         EXPECT_FALSE(complaintOn(assignment).isEmpty()) << assignment;
     }
 }

@@ -63,7 +63,7 @@ TEST(ReportTest, TheTableGathersFramesThatShareTheirOutcome) {
     EXPECT_EQ(
         out.str(),
         "Seconds            Event             Keys held      Fingers  Verdict  Why\n"
-        "1.000              * blocking is in force (the pause keys)\n"
+        "1.000              * Blocking is in force (the pause keys)\n"
         "1.000 - 1.010      touch x2          ShiftL         1        BLOCKED  a finger on the bar while "
         "blocking "
         "is in force\n"

@@ -71,14 +71,48 @@ def with_bar(world: World):
     return bar, keyboard, program, world.reader(world.clone())
 
 
-def mark(bar, keyboard, reader) -> None:
-    """A touch under Fn, which passes; what came before it has then been seen as well."""
-    reader_count = reader.values(EV_ABS, X).count(MARK)
-    keyboard.press([FN])
+def rested(process) -> tuple:
+    """Whether it sleeps, and how often it has woken up so far."""
+    with open(f"/proc/{process.pid}/status", encoding="utf-8") as file:
+        fields = dict(line.split(":", 1) for line in file)
+    return "S" in fields["State"], fields["voluntary_ctxt_switches"]
+
+
+def settle(*processes) -> None:
+    """Until they have slept through for a while: all that they were given is done. What a keyboard says overtakes what
+    a bar said before, as long as nobody has read it, and a touch that is swallowed leaves no other trace."""
+
+    def slept() -> bool:
+        before = [rested(process) for process in processes]
+        time.sleep(0.05)
+        return all(asleep for asleep, _ in before) and before == [rested(process) for process in processes]
+
+    until("all is quiet", slept)
+
+
+def hold(program, keyboard, *keys: str) -> None:
+    """Presses pause keys, and waits until they count."""
+    count = program.read().count("Blocking is suspended")
+    keyboard.press(keys)
+    until("the pause keys count", lambda: program.read().count("Blocking is suspended") > count)
+
+
+def let_go(program, keyboard, *keys: str) -> None:
+    count = program.read().count("Blocking is in force")
+    keyboard.release(keys)
+    until("the pause keys count no more", lambda: program.read().count("Blocking is in force") > count)
+
+
+def mark(world: World, program, reader) -> None:
+    """A touch under Fn, which passes; what came before it would have been seen as well."""
+    bar, keyboard = world.session.devices["bar"], world.session.devices["keyboard"]
+    settle(world.server.process, program.process)
+    hold(program, keyboard, FN)
+    count = reader.values(EV_ABS, ID).count(-1)
     tap(bar, MARK)
-    until("the mark passes", lambda: reader.values(EV_ABS, X).count(MARK) > reader_count)
-    until("the mark has lifted", lambda: reader.values(EV_KEY, BTN_TOUCH)[-1] == 0)
-    keyboard.release([FN])
+    reader.expect(EV_ABS, X, MARK)
+    until("the mark has lifted", lambda: reader.values(EV_ABS, ID).count(-1) > count)
+    let_go(program, keyboard, FN)
 
 
 def passes(bar, reader, x: int) -> None:
@@ -91,7 +125,7 @@ def program_blocks_and_fn_lets_through(world: World) -> None:
     seen = world.closing(Libinput(world.clone()))
     for x in range(1000, 1010):
         tap(bar, x)
-    mark(bar, keyboard, reader)
+    mark(world, program, reader)
     require(reader.values(EV_ABS, X) == [MARK], f"the clone sent {reader.values(EV_ABS, X)}")
     until("libinput sees the mark", lambda: seen.count("TOUCH_UP") == 1)
     require(seen.count("TOUCH_DOWN") == 1, "libinput saw a touch that was blocked")
@@ -105,11 +139,13 @@ def a_setting_takes_effect_at_once(world: World) -> None:
     program.defaults("write", "PauseKeyCommandType", "-int", "2")
     program.expect("[Fn|CmdR]")
     keyboard.press([LEFT_COMMAND])
+    settle(world.server.process, program.process)
     tap(bar, 300)
+    settle(world.server.process, program.process)
     keyboard.release([LEFT_COMMAND])
-    keyboard.press([RIGHT_COMMAND])
+    hold(program, keyboard, RIGHT_COMMAND)
     passes(bar, reader, 400)
-    keyboard.release([RIGHT_COMMAND])
+    let_go(program, keyboard, RIGHT_COMMAND)
     require(300 not in reader.values(EV_ABS, X), "the left key paused as well")
 
 
@@ -125,7 +161,7 @@ def switched_off_everything_flows(world: World) -> None:
     real.forget()
     tap(bar, 600)
     clone = world.reader(world.clone())
-    mark(bar, world.session.devices["keyboard"], clone)
+    mark(world, program, clone)
     require(not real.read(), "the bar was heard although it is held")
 
 
@@ -142,30 +178,30 @@ def without_trust_everything_flows(world: World) -> None:
 
 
 def touch_begun_under_fn_ends_cleanly(world: World) -> None:
-    bar, keyboard, _, reader = with_bar(world)
-    keyboard.press([FN])
+    bar, keyboard, program, reader = with_bar(world)
+    hold(program, keyboard, FN)
     bar.down([(0, 700, 60)])
     reader.expect(EV_ABS, X, 700)
-    keyboard.release([FN])
+    let_go(program, keyboard, FN)
     bar.move(30, [(0, 5000, 60)])
     bar.up([0])
     until("the touch ends", lambda: reader.values(EV_ABS, ID)[-1:] == [-1])
-    mark(bar, keyboard, reader)
+    mark(world, program, reader)
     require(5000 not in reader.values(EV_ABS, X), "the slide went on while blocked")
     require(set(held(world.clone())) == {-1}, f"the clone holds {held(world.clone())}")
 
 
 def finger_lifted_while_blocked_does_not_stay(world: World) -> None:
-    bar, keyboard, _, reader = with_bar(world)
-    keyboard.press([FN])
+    bar, keyboard, program, reader = with_bar(world)
+    hold(program, keyboard, FN)
     bar.down([(0, 700, 60), (1, 9000, 60)])
     reader.expect(EV_ABS, X, 9000)
-    keyboard.release([FN])
+    let_go(program, keyboard, FN)
     bar.up([0])
     bar.move(20, [(1, 9500, 60)])
     bar.up([1])
     until("both have ended", lambda: reader.values(EV_ABS, ID).count(-1) == 2)
-    mark(bar, keyboard, reader)
+    mark(world, program, reader)
     require(set(held(world.clone())) == {-1}, f"the clone holds {held(world.clone())}")
 
 
@@ -190,15 +226,15 @@ def stopped_program_blocks_again_when_it_continues(world: World) -> str:
     program.expect("Received kCGEventTapDisabledByTimeout event. Re-enabling...")
     reader.forget()
     # The program has asked to be enabled; a touch shows when the server has heard of it.
-    until("touches are blocked again", lambda: blocked(bar, reader))
-    mark(bar, keyboard, reader)
+    until("touches are blocked again", lambda: blocked(world, program, reader))
+    mark(world, program, reader)
     return f"passed after {waited:.2f} s"
 
 
-def blocked(bar, reader) -> bool:
+def blocked(world: World, program, reader) -> bool:
     reader.forget()
-    tap(bar, 1234)
-    time.sleep(0.1)  # a touch that passes takes less than a hundredth of it
+    tap(world.session.devices["bar"], 1234)
+    settle(world.server.process, program.process)
     return not reader.read()
 
 
@@ -213,7 +249,7 @@ def killed_server_frees_the_bar_and_a_new_one_is_found(world: World) -> None:
     program.holds(1)
     clone = world.reader(world.clone())
     tap(bar, 900)
-    mark(bar, keyboard, clone)
+    mark(world, program, clone)
     require(900 not in clone.values(EV_ABS, X), "the touch passed")
 
 
@@ -224,7 +260,7 @@ def bar_that_appears_after_the_program(world: World) -> None:
     program.holds(1)
     clone = world.reader(world.clone())
     tap(bar, 900)
-    mark(bar, world.session.devices["keyboard"], clone)
+    mark(world, program, clone)
     require(900 not in clone.values(EV_ABS, X), "the touch passed")
 
 

@@ -58,6 +58,13 @@ bool isOneOf(const QString &word, std::initializer_list<const char *> words) {
                        [&](const char *each) { return word == QLatin1String(each); });
 }
 
+const Command *commandNamed(const QString &name) {
+    const auto *const command = std::find_if(kCommands.begin(), kCommands.end(), [&](const Command &each) {
+        return name == QLatin1String(each.name);
+    });
+    return command == kCommands.end() ? nullptr : command;
+}
+
 } // namespace
 
 int runCommand(const QStringList &words) {
@@ -69,12 +76,10 @@ int runCommand(const QStringList &words) {
         return printVersion();
     }
     if (isOneOf(word, {"help", "--help", "-h"})) {
-        return words.size() > 1 ? runCommand({words.at(1), QStringLiteral("--help")}) : printHelp();
+        const Command *about = commandNamed(words.value(1));
+        return about ? about->run({words.at(1), QStringLiteral("--help")}) : printHelp();
     }
-    const auto *const command = std::find_if(kCommands.begin(), kCommands.end(), [&](const Command &each) {
-        return word == QLatin1String(each.name);
-    });
-    if (command != kCommands.end()) {
+    if (const Command *command = commandNamed(word)) {
         return command->run(words);
     }
     logToStandardError(QStringLiteral("no command '%1' (see 'barquell --help')").arg(word));

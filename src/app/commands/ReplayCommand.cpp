@@ -9,9 +9,13 @@
 #include "foundation/Log.h"
 #include "recording/EvemuWriter.h"
 
+#include <QFile>
+
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <optional>
 
 namespace barquell {
 
@@ -21,8 +25,20 @@ namespace {
 
 struct Options {
     ReplaySettings settings;
-    QString emitFile; // empty: nothing is emitted
+    std::optional<QString> emitFile;
 };
+
+std::filesystem::path pathOf(const QString &file) {
+    return QFile::encodeName(file).toStdString();
+}
+
+/// Emitting over what is being replayed would lose it.
+bool isOneOf(const QString &file, const QStringList &recordings) {
+    return std::any_of(recordings.begin(), recordings.end(), [&](const QString &each) {
+        std::error_code none;
+        return std::filesystem::equivalent(pathOf(file), pathOf(each), none);
+    });
+}
 
 /// All devices of all files; complaints are said here.
 struct Recordings {
@@ -33,7 +49,7 @@ struct Recordings {
 Recordings readAll(const QStringList &files) {
     Recordings all;
     for (const QString &file : files) {
-        recording::Recording one = recording::readRecording(file.toStdString());
+        recording::Recording one = recording::readRecording(pathOf(file));
         if (!one.complaint.empty()) {
             logToStandardError(file + QStringLiteral(": ") + QString::fromStdString(one.complaint));
             all.whole = false;
@@ -52,7 +68,7 @@ public:
         if (std::count_if(devices.begin(), devices.end(), isBar) != 1) {
             return QStringLiteral("--emit takes recordings of exactly one Touch Bar");
         }
-        _out.open(file.toStdString(), std::ios::binary | std::ios::trunc);
+        _out.open(pathOf(file), std::ios::binary | std::ios::trunc);
         recording::writeEvemuHeader(_out, std::find_if(devices.begin(), devices.end(), isBar)->description);
         return complaint(file);
     }
@@ -80,21 +96,23 @@ template <typename Report>
 int replayWith(Recordings recordings, const Options &options) {
     Report report(std::cout);
     Emission emission;
-    if (!options.emitFile.isEmpty()) {
-        const QString complaint = emission.open(options.emitFile, recordings.devices);
+    if (options.emitFile) {
+        const QString complaint = emission.open(*options.emitFile, recordings.devices);
         if (!complaint.isEmpty()) {
             return failure(complaint);
         }
     }
     Replay replay(std::move(recordings.devices), report);
-    if (!options.emitFile.isEmpty()) {
+    if (options.emitFile) {
         replay.setEmissionHandler([&](const auto &events) { emission.write(events); });
     }
     replay.run(options.settings);
     report.finish();
-    std::cout.flush();
-    if (!options.emitFile.isEmpty()) {
-        const QString complaint = emission.close(options.emitFile);
+    if (!std::cout.flush()) {
+        return failure(QStringLiteral("the standard output cannot be written"));
+    }
+    if (options.emitFile) {
+        const QString complaint = emission.close(*options.emitFile);
         if (!complaint.isEmpty()) {
             return failure(complaint);
         }
@@ -139,7 +157,12 @@ int runReplay(const QStringList &arguments) {
     if (parser.positionalArguments().isEmpty()) {
         return wrongUsage(command, QStringLiteral("no recording given"));
     }
-    options.emitFile = parser.value(QStringLiteral("emit"));
+    if (parser.isSet(QStringLiteral("emit"))) {
+        options.emitFile = parser.value(QStringLiteral("emit"));
+        if (isOneOf(*options.emitFile, parser.positionalArguments())) {
+            return wrongUsage(command, QStringLiteral("--emit would write over a recording"));
+        }
+    }
     Recordings recordings = readAll(parser.positionalArguments());
     if (recordings.devices.empty()) {
         return recordings.whole ? failure(QStringLiteral("no device in the recordings")) : kExitFailure;

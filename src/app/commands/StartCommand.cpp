@@ -2,6 +2,7 @@
 
 #include "app/Place.h"
 #include "app/RegisteredDefaults.h"
+#include "app/StateChangeText.h"
 #include "app/commands/Arguments.h"
 #include "app/live/RunningCopy.h"
 #include "app/live/TerminationSignals.h"
@@ -16,22 +17,9 @@ namespace barquell {
 
 namespace {
 
-QString sourceName(int source) {
-    switch (source) {
-    case StateChangeSourceTap:
-        return QStringLiteral("the tap");
-    case StateChangeSourcePauseKeys:
-        return QStringLiteral("the pause keys");
-    default:
-        return QStringLiteral("a pause flag");
-    }
-}
-
 void logStateChange(const Notification &notification) {
     const int source = notification.userInfo.value(QStringLiteral("source")).toInt();
-    const QString state =
-        TouchBarInterceptor::effectivelyEnabled() ? QStringLiteral("in force") : QStringLiteral("suspended");
-    log(QStringLiteral("Blocking is %1 (%2)").arg(state, sourceName(source)));
+    log(stateChangeText(source, TouchBarInterceptor::effectivelyEnabled()));
 }
 
 } // namespace

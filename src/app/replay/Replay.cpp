@@ -8,6 +8,7 @@
 #include "foundation/NotificationCenter.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace barquell::replay {
 

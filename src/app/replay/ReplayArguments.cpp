@@ -1,5 +1,7 @@
 #include "app/replay/ReplayArguments.h"
 
+#include "foundation/Values.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -44,8 +46,10 @@ QString assign(ReplaySettings &settings, const QString &assignment) {
             return QStringLiteral("pauseFlags is a number of 32 bits");
         }
         settings.pauseFlags = static_cast<std::uint32_t>(flags);
+    } else if (const auto storable = storableValue(value)) {
+        settings.stored.insert(key, *storable);
     } else {
-        settings.stored.insert(key, value);
+        return QStringLiteral("%1 cannot have this value").arg(key);
     }
     return {};
 }

@@ -1,11 +1,10 @@
 #pragma once
 
-#include "evdev/InputEvent.h"
 #include "platform/Event.h"
 
 #include <QString>
 
-#include <span>
+#include <cstdint>
 #include <string>
 
 namespace barquell::replay {

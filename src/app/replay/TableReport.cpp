@@ -1,7 +1,7 @@
 #include "app/replay/TableReport.h"
 
+#include "app/StateChangeText.h"
 #include "blocking/Decision.h"
-#include "blocking/TouchBarInterceptor.h"
 
 #include <array>
 #include <cstdio>
@@ -43,22 +43,9 @@ const char *textFor(Reason reason) {
     return "";
 }
 
-const char *textFor(int source) {
-    switch (source) {
-    case StateChangeSourceTap:
-        return "the tap";
-    case StateChangeSourcePauseKeys:
-        return "the pause keys";
-    default:
-        return "a pause flag";
-    }
-}
-
 /// The keys as a person names them: a key with a known side by its side alone.
 std::string keyNames(ModifierFlags flags) {
-    constexpr std::array kSided{blocking::SidedModifier::Command, blocking::SidedModifier::Option,
-                                blocking::SidedModifier::Control, blocking::SidedModifier::Shift};
-    for (const auto modifier : kSided) {
+    for (const auto modifier : blocking::kSidedModifiers) {
         const blocking::SidedModifierBits bits = blocking::bitsOf(modifier);
         if ((flags & (bits.left | bits.right)) != 0) {
             flags &= ~bits.generic;
@@ -103,9 +90,7 @@ void TableReport::stateChange(const ReplayedStateChange &change) {
     ++_summary.stateChanges;
     _time = change.time;
     writeRow();
-    writeLine(change.time, std::string("blocking is ") +
-                               (change.effectivelyEnabled ? "in force" : "suspended") + " (" +
-                               textFor(change.source) + ")");
+    writeLine(change.time, stateChangeText(change.source, change.effectivelyEnabled).toStdString());
 }
 
 void TableReport::logged(const QString &line) {
