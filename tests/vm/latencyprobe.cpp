@@ -55,8 +55,8 @@ bool awaitPosition(int node, std::int32_t x) {
         std::array<input_event, 64> events;
         const ssize_t bytes = ::read(node, events.data(), sizeof events);
         const std::size_t count = bytes > 0 ? static_cast<std::size_t>(bytes) / sizeof(input_event) : 0;
-        const auto *const end = events.begin() + static_cast<std::ptrdiff_t>(count);
-        if (std::any_of(events.begin(), end, [x](const input_event &event) {
+        const auto got = std::span(events).first(count);
+        if (std::any_of(got.begin(), got.end(), [x](const input_event &event) {
                 return event.type == EV_ABS && event.code == ABS_MT_POSITION_X && event.value == x;
             })) {
             return true;

@@ -165,7 +165,7 @@ bool readInput(State &state, std::string &unread) {
     }
     unread.append(text.data(), static_cast<std::size_t>(size));
     for (std::size_t end = unread.find('\n'); end != std::string::npos; end = unread.find('\n')) {
-        obey(state, std::string_view(unread).substr(0, end));
+        obey(state, unread.substr(0, end));
         unread.erase(0, end + 1);
     }
     return true;
