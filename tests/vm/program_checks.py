@@ -310,28 +310,69 @@ def play(frames: list, devices: list) -> None:
             devices[number]._device.write(events)  # pylint: disable=protected-access
 
 
-def emitted(program: Program, recording: str) -> list:
-    """What replay says that a clone sends."""
-    out = os.path.join(program.home, "emitted.evemu")
-    program.command("replay", "--emit", out, recording)
-    with open(out, encoding="utf-8") as file:
-        lines = [line.split()[2:5] for line in file if line.startswith("E:")]
+def emulated_events(text: str) -> list:
+    """The events of an evemu text."""
+    lines = [line.split()[2:5] for line in text.splitlines() if line.startswith("E:")]
     return [(int(kind, 16), int(code, 16), int(value)) for kind, code, value in lines]
 
 
+def yaml_events(text: str) -> list:
+    """The events of the one device of a `libinput record`; its recorder tells of none twice."""
+    device = yaml.load(text, yaml.CSafeLoader)["devices"][0]
+    return [tuple(event[2:]) for item in device["events"] or [] for event in item["evdev"]]
+
+
+class Recorder:
+    """evemu-record or libinput record on a node, ready when this returns."""
+
+    def __init__(self, ready: str, *command: str):
+        self._path = tempfile.mktemp()
+        self._out = open(self._path, "wb")  # pylint: disable=consider-using-with
+        self._process = subprocess.Popen(["stdbuf", "-oL", *command], stdout=self._out, stderr=subprocess.DEVNULL)
+        until(f"{command[0]} is ready", lambda: ready in self.text())
+
+    def text(self) -> str:
+        with open(self._path, encoding="utf-8") as file:
+            return file.read()
+
+    def finish(self) -> str:
+        self._process.send_signal(signal.SIGINT)
+        self._process.wait()
+        return self.text()
+
+    def close(self) -> None:
+        if self._process.poll() is None:
+            self._process.kill()
+            self._process.wait()
+        self._out.close()
+        os.unlink(self._path)
+
+
+def require_same(who: str, live: list, replayed: list) -> None:
+    for number, pair in enumerate(zip(live, replayed)):
+        require(pair[0] == pair[1], f"{who}, event {number}: live {pair[0]}, replayed {pair[1]}")
+    require(len(live) == len(replayed), f"{who}: live {len(live)} events, replayed {len(replayed)}")
+
+
 def live_and_replay_agree(world: World) -> str:
+    """The same session, played into the kernel and replayed: what two recorders hear of the clone is what replay says
+    that the clone sends, event by event."""
     bar, keyboard, program, reader = with_bar(world)
-    expected = emitted(program, "/out/t2-session.yml")
+    emu = world.closing(Recorder("Waiting for events", "evemu-record", world.clone()))
+    lib = world.closing(Recorder("events:", "libinput", "record", "--show-keycodes", world.clone()))
+    out = os.path.join(program.home, "emitted.evemu")
+    program.command("replay", "--emit", out, "/out/t2-session.yml")
+    with open(out, encoding="utf-8") as file:
+        expected = emulated_events(file.read())
     require(len(expected) > 100, "the replay passes nothing")
     play(frames_of("/out/t2-session.yml"), [bar, keyboard])
     until("all that should pass has passed", lambda: len(reader.read()) >= len(expected))
-    keyboard.release([FN])
-    got = reader.read()
-    for number, (live, replayed) in enumerate(zip(got, expected)):
-        require(live == replayed, f"event {number}: live {live}, replayed {replayed}")
-    require(len(got) == len(expected), f"live {len(got)} events, replayed {len(expected)}")
-    reports = sum(event[:2] == (EV_SYN, 0) for event in got)
-    return f"{len(got)} events in {reports} frames are the same"
+    settle(world.server.process, program.process)
+    require_same("our reader", reader.read(), expected)
+    require_same("evemu-record", emulated_events(emu.finish()), expected)
+    require_same("libinput record", yaml_events(lib.finish()), expected)
+    reports = sum(event[:2] == (EV_SYN, 0) for event in expected)
+    return f"{len(expected)} events in {reports} frames are the same"
 
 
 ALL = [
