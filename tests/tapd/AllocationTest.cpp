@@ -14,6 +14,7 @@ std::size_t allocations = 0;
 } // namespace
 
 // Each way to allocate that the event path could take ends here.
+// NOLINTBEGIN(cppcoreguidelines-owning-memory): beneath this there are no owners.
 void *operator new(std::size_t size) {
     ++allocations;
     if (void *memory = std::malloc(size)) {
@@ -27,6 +28,7 @@ void operator delete(void *memory) noexcept {
 void operator delete(void *memory, std::size_t /*size*/) noexcept {
     std::free(memory);
 }
+// NOLINTEND(cppcoreguidelines-owning-memory)
 
 namespace barquell::test {
 

@@ -29,7 +29,8 @@
 ///     ignored; numbers never repeat on a connection.
 ///  8. DestroyTap is not answered. A client that goes away has destroyed its tap. A CreateTap that follows
 ///     within kGrabLinger finds the bars still grabbed.
-///  9. A packet that decode refuses, a second Hello, anything before Hello, a tap's message without a tap (but
+///  9. A packet that decode refuses, a second Hello, anything before Hello, a tap's message without a tap
+///  (but
 ///     for late verdicts), or a verdict out of turn: Refused{Malformed}, and the connection is closed.
 namespace barquell::protocol {
 
