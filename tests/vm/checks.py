@@ -8,34 +8,43 @@ import traceback
 import clients_checks
 import keyboard_checks
 import program_checks
+import server_checks
 import touch_checks
 from reader import Failure
 from world import World
 
 
+def outcome(check, world: World) -> tuple:
+    """What went wrong, if anything, and a note."""
+    problem, note = None, None
+    try:
+        note = check(world)
+    except Failure as failure:
+        problem = str(failure)
+    except Exception:  # pylint: disable=broad-except
+        problem = traceback.format_exc()
+    try:
+        world.close()
+    except Failure as failure:
+        problem = problem or f"afterwards, {failure}"
+    return problem, note
+
+
 def run(name: str, check) -> bool:
     start = time.monotonic()
     world = World()
-    try:
-        note = check(world)
+    problem, note = outcome(check, world)
+    if problem:
+        print(f"FAIL {name}: {problem}")
+        print("  the server said: " + " | ".join(world.server.lines()[-12:]), flush=True)
+    else:
         print(f"ok {name} ({time.monotonic() - start:.1f} s){': ' + note if note else ''}", flush=True)
-        return True
-    except Failure as failure:
-        print(f"FAIL {name}: {failure}", flush=True)
-    except Exception:  # pylint: disable=broad-except
-        print(f"FAIL {name}: {traceback.format_exc()}", flush=True)
-    finally:
-        try:
-            world.close()
-        except Failure as failure:
-            print(f"FAIL {name}: afterwards, {failure}", flush=True)
-    print("  the server said: " + " | ".join(world.server.lines()[-12:]), flush=True)
-    return False
+    return not problem
 
 
 def main() -> int:
     checks = {}
-    for module in (touch_checks, clients_checks, keyboard_checks, program_checks):
+    for module in (touch_checks, clients_checks, keyboard_checks, server_checks, program_checks):
         checks.update({name: getattr(module, name) for name in module.ALL})
     wanted = sys.argv[1:] or list(checks)
     results = [run(name, checks[name]) for name in wanted]

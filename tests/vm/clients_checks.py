@@ -2,10 +2,9 @@
 
 import socket
 import struct
-import subprocess
 
-from reader import Failure, clones, until
-from touch_checks import pass_mark, require, tap
+from reader import clones, until
+from touch_checks import require, tap
 from uinput import EV_KEY, Axis, Description, Device
 from world import World
 
@@ -108,32 +107,6 @@ def bar_that_cannot_be(world: World) -> None:
     world.tapping("block")
     require(len(clones()) == 1, "it was cloned")
     require(world.server.read().count(line) == 1, "more than one line was logged")
-
-
-def owners_give_back_what_they_own(world: World) -> str:
-    world.plug("bar", "t2-bar")
-    world.plug("keyboard", "keyboard")
-    probe = ["/out/ownerprobe", world.nodes["bar"], world.nodes["keyboard"]]
-    answer = subprocess.run(probe, capture_output=True, text=True, check=False)
-    lines = answer.stdout.splitlines()
-    require(answer.returncode == 0, f"{answer.returncode}: {lines} {answer.stderr}")
-    require(len(lines) == 11 and all(line.startswith("ok ") for line in lines), str(lines))
-    return f"{len(lines)} answers"
-
-
-def takes_little_memory(world: World) -> str:
-    bar = world.plug("bar", "t2-bar")
-    world.plug("keyboard", "keyboard")
-    client = world.tapping("pass")
-    for x in range(1000, 1200):
-        tap(bar, x)
-    pass_mark(client, bar, world.reader(world.clone()))
-    rollup = {key: world.server.number("smaps_rollup", key) for key in ("Private_Dirty", "Private_Clean", "Rss", "Pss")}
-    own = rollup["Private_Dirty"] + rollup["Private_Clean"]
-    note = ", ".join(f"{key} {value} KiB" for key, value in rollup.items())
-    if own > 2048:
-        raise Failure(f"{own} KiB of its own: {note}")
-    return f"{own} KiB of its own: {note}"
 
 
 ALL = [name for name, value in list(globals().items()) if getattr(value, "__annotations__", {}).get("world") is World]

@@ -270,34 +270,4 @@ def client_that_stands_still(world: World) -> str:
     return f"passed after {waited:.3f} s"
 
 
-def server_killed(world: World) -> None:
-    bar = world.plug("bar", "t2-bar")
-    real = world.reader(world.nodes["bar"])
-    client = world.tapping("block")
-    bar.down([(0, 500, 50)])
-    client.wait_frames(1)
-    world.server.kill()
-    client.expect("closed")
-    until("the clone is gone", lambda: not clones())
-    bar.up([0])
-    tap(bar, 222)
-    real.expect(EV_ABS, X, 222)
-
-
-def server_asked_to_end(world: World) -> None:
-    bar = world.plug("bar", "t2-bar")
-    real = world.reader(world.nodes["bar"])
-    world.tapping("pass")
-    clone = world.reader(world.clone())
-    bar.down([(0, 500, 50)])
-    clone.expect(EV_KEY, BTN_TOUCH, 1)
-    world.server.signal(signal.SIGTERM)
-    until("the clone is gone", lambda: clone.read() and clone.gone)
-    require(world.server.process.wait(20) == 0, "it did not end well")
-    require(clone.values(EV_ABS, ID) == [0, -1], "a finger was left on the clone")
-    bar.up([0])
-    tap(bar, 222)
-    real.expect(EV_ABS, X, 222)
-
-
 ALL = [name for name, value in list(globals().items()) if getattr(value, "__annotations__", {}).get("world") is World]
