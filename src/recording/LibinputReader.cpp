@@ -260,7 +260,9 @@ void LibinputReader::finish(YamlStream::Kind last) {
     if (_deviceIsOpen && !_hasName) {
         _intake.dropDevice();
     }
-    if (last == YamlStream::Kind::Broken && !_yaml.brokeAtEnd()) {
+    if (last == YamlStream::Kind::Broken && _yaml.isTooLong()) {
+        complain("a text that is too long");
+    } else if (last == YamlStream::Kind::Broken && !_yaml.brokeAtEnd()) {
         complain(std::string("not YAML (") + _yaml.problem() + ")");
     } else if (last == YamlStream::Kind::Broken ||
                (last == YamlStream::Kind::End && _yaml.endsWithinLine())) {

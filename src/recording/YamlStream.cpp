@@ -10,6 +10,11 @@ namespace {
 
 constexpr std::size_t kPieceSize = 16U << 10U;
 
+// A recorder writes a line at a time, and after each there is an event; between two of them there may be as
+// many comments as a quiet night has seconds.
+constexpr std::size_t kMaximumText = 1U << 20U;
+constexpr std::size_t kMaximumComments = 1U << 23U;
+
 } // namespace
 
 void YamlStream::DeleteParser::operator()(yaml_parser_t *parser) const {
@@ -33,6 +38,7 @@ YamlStream::Kind YamlStream::next() {
         return Kind::Broken;
     }
     _eventGuard.reset(&_event);
+    _pending = {};
     switch (_event.type) {
     case YAML_SCALAR_EVENT:
     case YAML_ALIAS_EVENT:
@@ -64,6 +70,9 @@ std::string_view YamlStream::text() const {
 }
 
 std::size_t YamlStream::line() const {
+    if (_tooLong) { // libyaml marks no place for what we break off
+        return _parser->mark.line + 1;
+    }
     const bool broken = _parser->error != YAML_NO_ERROR;
     return (broken ? _parser->problem_mark.line : _event.start_mark.line) + 1;
 }
@@ -79,6 +88,9 @@ int YamlStream::readHandler(void *self, unsigned char *buffer, std::size_t size,
         }
     } catch (const std::bad_alloc &) {
         return 0; // nothing may be thrown through libyaml
+    }
+    if (stream._tooLong) {
+        return 0;
     }
     *length = stream._clean.copy(reinterpret_cast<char *>(buffer), size, stream._given);
     stream._given += *length;
@@ -100,6 +112,39 @@ bool YamlStream::refill() {
     _clean.clear();
     _given = 0;
     _raw.erase(0, appendCleanLines(_clean, _raw, _sourceEnded));
+    shortenComments();
+    _tooLong = _pending.text > kMaximumText || _pending.comments > kMaximumComments;
+    return true;
+}
+
+/// Of a line that is a comment only the '#' is handed on. Were it all kept, a text of many lines that begin
+/// with '#' could not be told from comments, which may go on for long and cost nothing.
+void YamlStream::shortenComments() {
+    std::size_t kept = 0;
+    for (const char c : _clean) {
+        if (isToBeGiven(c)) {
+            _clean[kept++] = c;
+        }
+    }
+    _clean.resize(kept);
+}
+
+bool YamlStream::isToBeGiven(char c) {
+    const bool lineEnd = c == '\n' || c == '\r';
+    if (_givenLine == Tail::Comment && !lineEnd) {
+        return false;
+    }
+    if (_givenLine == Tail::Blank && c == '#') {
+        _givenLine = Tail::Comment;
+        ++_pending.comments;
+        return true;
+    }
+    _pending.text += _givenLine == Tail::Comment ? 0 : 1;
+    if (lineEnd) {
+        _givenLine = Tail::Blank;
+    } else if (c != ' ' && c != '\t') {
+        _givenLine = Tail::Text;
+    }
     return true;
 }
 

@@ -10,7 +10,8 @@
 
 namespace barquell::recording {
 
-/// The events of a YAML text, one by one; no tree of it is ever built.
+/// The events of a YAML text, one by one; no tree of it is ever built. libyaml keeps in memory what it has
+/// not yet made an event of, so a text that goes on and on without one is refused.
 class YamlStream {
 public:
     enum class Kind {
@@ -34,6 +35,8 @@ public:
     /// Whether the text ends in the middle of a line that is no comment.
     [[nodiscard]] bool endsWithinLine() const { return _tail == Tail::Text; }
     [[nodiscard]] bool brokeAtEnd() const;
+    /// Whether it broke because there was too much of it without an event.
+    [[nodiscard]] bool isTooLong() const { return _tooLong; }
     /// Of what has been read so far.
     [[nodiscard]] std::size_t lastLine() const {
         return _tail == Tail::Blank && _lineCount > 1 ? _lineCount - 1 : _lineCount;
@@ -44,6 +47,11 @@ public:
 
 private:
     enum class Tail { Blank, Comment, Text };
+    /// What libyaml was given since the last event.
+    struct Pending {
+        std::size_t text = 0;     ///< bytes, those of comments left out
+        std::size_t comments = 0; ///< lines
+    };
     struct DeleteParser {
         void operator()(yaml_parser_t *parser) const;
     };
@@ -54,13 +62,18 @@ private:
     static int readHandler(void *self, unsigned char *buffer, std::size_t size, std::size_t *length);
     bool refill();
     void noteTail(std::string_view piece);
+    void shortenComments();
+    bool isToBeGiven(char c);
 
     const ByteSource &_source;
     std::string _raw; ///< the beginning of a character that the last piece cut
     std::string _clean;
     std::size_t _given = 0; ///< how much of _clean libyaml has
     bool _sourceEnded = false;
-    Tail _tail = Tail::Blank; ///< what the last line, as yet without an end, is
+    bool _tooLong = false;
+    Pending _pending;
+    Tail _givenLine = Tail::Blank; ///< what the line is that libyaml is being given
+    Tail _tail = Tail::Blank;      ///< what the last line, as yet without an end, is
     std::size_t _lineCount = 1;
     std::unique_ptr<yaml_parser_t, DeleteParser> _parser;
     yaml_event_t _event{};

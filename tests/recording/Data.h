@@ -11,18 +11,21 @@
 
 namespace barquell::recording {
 
+/// A device as an evemu recording describes it.
+inline const std::string kEvemuDevice = "N: A bar\n"
+                                        "I: 0003 05ac 8302 0101\n"
+                                        "P: 02 00 00 00 00 00 00 00\n"
+                                        "B: 00 0b 00 00 00 00 00 00 00\n"
+                                        "B: 01 00 00 00 00 00 00 00 00\n"
+                                        "B: 01 01 00 00 00 00 00 00 80\n"
+                                        "B: 03 01 00 00 00 00 80 00 00\n"
+                                        "B: 04 20 00 00 00 00 00 00 00\n"
+                                        "A: 00 -5 32767 1 2 40\n"
+                                        "A: 2f 0 10 0 0 0\n";
+
 inline const std::string kEvemuHead = "# EVEMU 1.3\n"
-                                      "# Kernel: 6.1\n"
-                                      "N: A bar\n"
-                                      "I: 0003 05ac 8302 0101\n"
-                                      "P: 02 00 00 00 00 00 00 00\n"
-                                      "B: 00 0b 00 00 00 00 00 00 00\n"
-                                      "B: 01 00 00 00 00 00 00 00 00\n"
-                                      "B: 01 01 00 00 00 00 00 00 80\n"
-                                      "B: 03 01 00 00 00 00 80 00 00\n"
-                                      "B: 04 20 00 00 00 00 00 00 00\n"
-                                      "A: 00 -5 32767 1 2 40\n"
-                                      "A: 2f 0 10 0 0 0\n"
+                                      "# Kernel: 6.1\n" +
+                                      kEvemuDevice +
                                       "L: 00 1\n"
                                       "S: 05 0\n"; // 14 lines
 
@@ -91,6 +94,15 @@ inline void expectSameDescription(const evdev::DeviceDescription &left,
     EXPECT_EQ(left.keys, right.keys);
     EXPECT_EQ(left.otherCodes, right.otherCodes);
     EXPECT_EQ(left.axes, right.axes);
+}
+
+/// Of four key presses two were noted before the first; they are held at its time.
+inline void expectBackwardTimesHeld(const Recording &recording, std::size_t firstLine) {
+    EXPECT_EQ(recording.complaint, "time runs backwards at line " + std::to_string(firstLine));
+    EXPECT_THAT(recording.devices.at(0).events, testing::ElementsAre(evdev::InputEvent{2'000'000, 1, 1, 1},
+                                                                     evdev::InputEvent{2'000'000, 1, 2, 1},
+                                                                     evdev::InputEvent{2'000'000, 1, 3, 1},
+                                                                     evdev::InputEvent{3'000'000, 1, 4, 1}));
 }
 
 } // namespace barquell::recording

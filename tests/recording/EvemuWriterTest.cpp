@@ -82,19 +82,9 @@ RC_GTEST_PROP(EvemuWriter, WritesWhatTheReaderReads, ()) {
 
 TEST(EvemuWriter, WritesTheLinesOfTheFormat) {
     EXPECT_EQ(write(aBar(), {{1'000'002, 3, 0x39, -1}, {20'000'000, 0, 0, 0}}),
-              "# EVEMU 1.3\n"
-              "N: A bar\n"
-              "I: 0003 05ac 8302 0101\n"
-              "P: 02 00 00 00 00 00 00 00\n"
-              "B: 00 0b 00 00 00 00 00 00 00\n"
-              "B: 01 00 00 00 00 00 00 00 00\n"
-              "B: 01 01 00 00 00 00 00 00 80\n"
-              "B: 03 01 00 00 00 00 80 00 00\n"
-              "B: 04 20 00 00 00 00 00 00 00\n"
-              "A: 00 -5 32767 1 2 40\n"
-              "A: 2f 0 10 0 0 0\n"
-              "E: 1.000002 0003 0039 -001\n"
-              "E: 20.000000 0000 0000 0000\n");
+              "# EVEMU 1.3\n" + kEvemuDevice +
+                  "E: 1.000002 0003 0039 -001\n"
+                  "E: 20.000000 0000 0000 0000\n");
 }
 
 TEST(EvemuWriter, LetsNoNameForgeALine) {

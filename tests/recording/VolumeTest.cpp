@@ -90,6 +90,56 @@ TEST(Volume, TheFormatsWithoutEventsCostNoMemory) {
     EXPECT_LT(peakMegabytes() - before, 20U);
 }
 
+struct EndlessText {
+    const char *name;
+    std::string_view head;
+    std::string_view piece;
+};
+
+class VolumeOfOneText : public testing::TestWithParam<EndlessText> {};
+
+TEST_P(VolumeOfOneText, IsRefusedWithinBounds) {
+    constexpr std::size_t kBytes = 400U << 20U;
+    const std::string head = kYamlHead + kYamlEvents + std::string(GetParam().head); // 22 lines and this one
+    std::size_t taken = 0;
+    const ByteSource text = endless(head, GetParam().piece, kBytes / GetParam().piece.size());
+    const std::size_t before = peakMegabytes();
+    const Recording recording = readLibinputRecord([&](std::span<char> buffer) {
+        const std::size_t size = text(buffer);
+        taken += size;
+        return size;
+    });
+    EXPECT_THAT(recording.complaint, testing::MatchesRegex("a text that is too long at line [0-9]+"));
+    EXPECT_THAT(recording.devices.at(0).events, testing::SizeIs(2));
+    EXPECT_LT(taken, kBytes / 4);
+    EXPECT_LT(peakMegabytes() - before, kSanitized ? 200U : 40U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, VolumeOfOneText,
+                         testing::Values(EndlessText{"Plain", "    - ", "xxxxxxxxxxxxxxx"},
+                                         EndlessText{"Quoted", "    - \"", "xxxxxxxxxxxxxxx"},
+                                         EndlessText{"Anchor", "    - &", "xxxxxxxxxxxxxxx"},
+                                         EndlessText{"Tag", "    - !", "xxxxxxxxxxxxxxx"},
+                                         EndlessText{"Block", "    - |\n", "      x\n"},
+                                         EndlessText{"BlockOfWhatLooksLikeComments", "    - |\n",
+                                                     "      #\n"},
+                                         EndlessText{"BlankLines", "    - |\n      x\n", "\n"}),
+                         [](const auto &instance) { return std::string(instance.param.name); });
+
+TEST(Volume, ATextOfWhatLooksLikeCommentsHasAnEndToo) {
+    const std::size_t before = peakMegabytes();
+    const Recording recording = readLibinputRecord(endless("--- \"", "#\n", 1U << 25U));
+    EXPECT_THAT(recording.complaint, testing::StartsWith("a text that is too long"));
+    EXPECT_LT(peakMegabytes() - before, kSanitized ? 400U : 60U);
+}
+
+TEST(Volume, ALongCommentIsNoText) {
+    const std::string head = kYamlHead + kYamlEvents + "  # ";
+    const Recording recording = readLibinputRecord(endless(head, "and so on, ", 1U << 18U));
+    EXPECT_EQ(recording.complaint, "");
+    EXPECT_THAT(recording.devices.at(0).events, testing::SizeIs(2));
+}
+
 TEST(Volume, OneEventTooManyIsRefused) {
     Intake intake;
     ASSERT_TRUE(intake.beginDevice(1));
