@@ -1,4 +1,6 @@
 #include "platform/linux/SettingsFile.h"
+
+#include "foundation/Log.h"
 #include "foundation/Values.h"
 
 #include <gmock/gmock.h>
@@ -153,6 +155,19 @@ rc::Gen<QVariant> anyValue(int depth) {
                                            return QVariant(QVariantList(list.begin(), list.end()));
                                        }),
                           rc::gen::map(anyMap(inner), [](const QVariantMap &map) { return QVariant(map); }));
+}
+
+TEST(SettingsFile, RefusesInOneShortLineWhateverTheTextSays) {
+    EXPECT_EQ(refusalOf(R"({"a": {"$date": "x\ny\u001b[31mred"}})"),
+              QStringLiteral("its \"$date\" cannot be \"x?y?[31mred\""));
+    EXPECT_EQ(refusalOf(R"({"$a\nb": 1})"), QStringLiteral("the key \"$a?b\" means nothing there"));
+    for (const char *tag : {"$date", "$data", "$real"}) {
+        const QString refusal =
+            refusalOf(QByteArray(R"({")") + tag + R"(": "\u2028)" + QByteArray(5'000'000, '~') + "\"}");
+        EXPECT_LE(refusal.size(), kLongestQuote + 30) << tag;
+        EXPECT_EQ(refusal, cleanLine(refusal)) << tag;
+    }
+    EXPECT_LE(refusalOf("{\"$" + QByteArray(5'000'000, '~') + "\": 1}").size(), kLongestQuote + 40);
 }
 
 TEST(SettingsFile, GivesBackExactlyWhatIsStored) {

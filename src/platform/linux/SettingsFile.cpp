@@ -1,5 +1,6 @@
 #include "platform/linux/SettingsFile.h"
 
+#include "foundation/Log.h"
 #include "foundation/Values.h"
 
 #include <QDateTime>
@@ -101,7 +102,8 @@ private:
         }
         const QString inner = key.mid(1);
         if (!inner.startsWith(kMark)) {
-            return refuse(QStringLiteral("the key \"%1\" means nothing there").arg(key));
+            return refuse(
+                QStringLiteral("the key \"%1\" means nothing there").arg(cleanLine(key, kLongestQuote)));
         }
         return decodeText(inner);
     }
@@ -149,7 +151,8 @@ private:
                 const QString content = object.begin().value().toString();
                 const std::optional<QVariant> value = decodeTagged(tag, content);
                 return value ? value
-                             : refuse(QStringLiteral("its \"%1\" cannot be \"%2\"").arg(tag, content));
+                             : refuse(QStringLiteral("its \"%1\" cannot be \"%2\"")
+                                          .arg(tag, cleanLine(content, kLongestQuote)));
             }
         }
         return decodeMap(object, depth);
