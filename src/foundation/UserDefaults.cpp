@@ -32,16 +32,14 @@ UserDefaults &UserDefaults::standard() {
     return defaults;
 }
 
-UserDefaults::UserDefaults(SettingsStore *store) : _store(store) {
+UserDefaults::UserDefaults(SettingsStore *store, Following following) : _store(store) {
     if (!_store) {
         return;
     }
     _stored = _store->read();
-    _store->watch([self = QPointer<UserDefaults>(this)] {
-        if (self) {
-            self->storeMayHaveChanged();
-        }
-    });
+    if (following == Following::Yes) {
+        follow();
+    }
     if (QCoreApplication *application = QCoreApplication::instance()) {
         connect(application, &QCoreApplication::aboutToQuit, this, [this] {
             if (synchronize() == Outcome::TryLater) {
@@ -49,6 +47,14 @@ UserDefaults::UserDefaults(SettingsStore *store) : _store(store) {
             }
         });
     }
+}
+
+void UserDefaults::follow() {
+    _store->watch([self = QPointer<UserDefaults>(this)] {
+        if (self) {
+            self->storeMayHaveChanged();
+        }
+    });
 }
 
 void UserDefaults::registerDefaults(const QVariantMap &defaults) {

@@ -20,8 +20,11 @@ public:
     /// The settings of this program, on the platform's store, made on first use.
     static UserDefaults &standard();
 
+    /// Whether changes of the store from outside are followed. A tool that looks once has no use for it.
+    enum class Following { Yes, No };
+
     /// Without a store the settings live in memory alone. The store must outlive every call.
-    explicit UserDefaults(SettingsStore *store);
+    explicit UserDefaults(SettingsStore *store, Following following = Following::Yes);
 
     /// Adds to what is registered already, and replaces where a key is registered again. Tells nobody.
     void registerDefaults(const QVariantMap &defaults);
@@ -60,6 +63,7 @@ private:
         SettingsStore::Outcome outcome;
     };
 
+    void follow();
     void save(const QString &key, const QVariant &value);
     void keepUnsaved(const QString &key, const QVariant &value, SettingsStore::Outcome outcome);
     void retryLater();

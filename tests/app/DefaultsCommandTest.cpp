@@ -25,11 +25,15 @@ struct Result {
 class DefaultsCommandTest : public testing::Test {
 protected:
     Result run(const QStringList &arguments) const {
+        return runProgram(QStringList{QStringLiteral("defaults")} + arguments, configuration.path(QString()));
+    }
+
+    Result runProgram(const QStringList &arguments, const QString &configurationHome) const {
         QProcess command;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), configuration.path(QString()));
+        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), configurationHome);
         command.setProcessEnvironment(environment);
-        command.start(QStringLiteral(BARQUELL_PROGRAM), QStringList{QStringLiteral("defaults")} + arguments);
+        command.start(QStringLiteral(BARQUELL_PROGRAM), arguments);
         const bool ended = command.waitForFinished() && command.exitStatus() == QProcess::NormalExit;
         return {ended ? command.exitCode() : -1, command.readAllStandardOutput().toStdString(),
                 command.readAllStandardError()};
@@ -84,6 +88,7 @@ TEST_F(DefaultsCommandTest, WritesListsOfWhateverFollows) {
     expectWritten("-array -int 5 --help",
                   QVariantList{QStringLiteral("-int"), QStringLiteral("5"), QStringLiteral("--help")});
     expectWritten("-array", QVariantList{});
+    expectWritten("--array a --array", QVariantList{QStringLiteral("a"), QStringLiteral("--array")});
 }
 
 TEST_F(DefaultsCommandTest, RefusesWrongUsage) {
@@ -113,6 +118,7 @@ TEST_F(DefaultsCommandTest, RefusesWrongUsage) {
                              "--frob"}) {
         expectRefused(line, 2);
     }
+    expectRefused("write  -int 1", 2); // an empty key
     EXPECT_EQ(run(QStringList()).exitCode, 2);
 }
 
@@ -193,11 +199,52 @@ TEST_F(DefaultsCommandTest, SaysThatNothingCouldBeSaved) {
     expectRefused("write a 3", 1);
 }
 
+TEST_F(DefaultsCommandTest, ReadingMakesNothing) {
+    const Result result = run("read");
+    EXPECT_EQ(result.exitCode, 0);
+    EXPECT_EQ(result.output, "{\n}\n");
+    EXPECT_EQ(result.errors, "");
+    EXPECT_TRUE(QDir(configuration.path(QString())).isEmpty());
+}
+
+TEST_F(DefaultsCommandTest, WhereNothingCanBeStoredOnlyTheWriteComplainsAndOnce) {
+    const QString nowhere = QStringLiteral("/proc/nope");
+    const QString defaults = QStringLiteral("defaults");
+    const Result read = runProgram({defaults, QStringLiteral("read")}, nowhere);
+    EXPECT_EQ(read.exitCode, 0);
+    EXPECT_EQ(read.errors, "");
+    const Result write =
+        runProgram({defaults, QStringLiteral("write"), QStringLiteral("A"), QStringLiteral("1")}, nowhere);
+    EXPECT_EQ(write.exitCode, 1);
+    EXPECT_EQ(write.errors.count('\n'), 1) << write.errors.toStdString();
+}
+
+TEST_F(DefaultsCommandTest, WordsAndFilesThatItQuotesStayInOneLine) {
+    const QString home = configuration.path(QString());
+    const QString file = QStringLiteral("/no\nwhere\x1b[31m");
+    for (const QStringList &words :
+         {QStringList{QStringLiteral("a\nb")}, QStringList{QStringLiteral("replay"), file}}) {
+        const Result result = runProgram(words, home);
+        EXPECT_NE(result.exitCode, 0);
+        EXPECT_EQ(result.errors.count('\n'), 1) << result.errors.toStdString();
+        EXPECT_FALSE(result.errors.contains('\x1b'));
+    }
+    run("write key 1");
+    QFile settings(path);
+    ASSERT_TRUE(settings.open(QIODevice::WriteOnly));
+    settings.write(R"({"$a\nb\u001b[31m": 1})");
+    settings.close();
+    const Result result = run("read");
+    EXPECT_EQ(result.errors.count('\n'), 1) << result.errors.toStdString();
+    EXPECT_FALSE(result.errors.contains('\x1b'));
+}
+
 TEST_F(DefaultsCommandTest, HelpsWithExamples) {
     const Result result = run("--help");
     EXPECT_EQ(result.exitCode, 0);
     EXPECT_EQ(result.output.rfind("Usage: barquell defaults [options]", 0), 0U) << result.output;
-    for (const char *part : {"barquell defaults write enabled -bool true", "-array", "--json", "-date"}) {
+    for (const char *part :
+         {"barquell defaults write Enabled --bool true", "--bool", "--array", "--json", "--date"}) {
         EXPECT_THAT(result.output, testing::HasSubstr(part));
     }
     EXPECT_EQ(run("write --help").exitCode, 0);

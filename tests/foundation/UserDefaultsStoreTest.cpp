@@ -34,11 +34,15 @@ public:
         return outcome == Outcome::Done ? inner.remove(key) : outcome;
     }
     Outcome removeDomain() override { return outcome == Outcome::Done ? inner.removeDomain() : outcome; }
-    void watch(std::function<void()> mayHaveChanged) override { inner.watch(std::move(mayHaveChanged)); }
+    void watch(std::function<void()> mayHaveChanged) override {
+        ++watches;
+        inner.watch(std::move(mayHaveChanged));
+    }
 
     MemorySettingsStore inner;
     Outcome outcome = Outcome::Done;
     int attempts = 0;
+    int watches = 0;
 };
 
 class UserDefaultsStoreTest : public testing::Test {
@@ -184,6 +188,16 @@ TEST_F(UserDefaultsStoreTest, WhatTheEndStillSavesIsNotSaid) {
     QCoreApplication::exec();
     EXPECT_TRUE(logged.lines.isEmpty());
     EXPECT_TRUE(sameValue(store.read(), QVariantMap{{kKey, 2LL}}));
+}
+
+TEST_F(UserDefaultsStoreTest, DefaultsThatDoNotFollowLeaveTheStoreUnwatched) {
+    StubbornStore unwatched;
+    UserDefaults once(&unwatched, UserDefaults::Following::No);
+    unwatched.inner.editFromOutside(kKey, 1LL);
+    loop.runPending();
+    EXPECT_EQ(unwatched.watches, 0);
+    EXPECT_FALSE(once.objectForKey(kKey).isValid());
+    EXPECT_EQ(store.watches, 1); // as the others do
 }
 
 TEST_F(UserDefaultsStoreTest, DefaultsThatAreGoneAreNotCalled) {

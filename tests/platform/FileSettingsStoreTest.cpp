@@ -1,9 +1,8 @@
 #include "platform/linux/FileSettingsStore.h"
 
 #include "foundation/Values.h"
-#include "platform/SettingsFolder.h"
+#include "platform/SettingsTest.h"
 #include "platform/linux/FileAccess.h"
-#include "support/LogCapture.h"
 
 #include <gmock/gmock.h>
 
@@ -19,28 +18,13 @@
 namespace barquell {
 namespace {
 
-using Outcome = SettingsStore::Outcome;
-
-const QString kKey = QStringLiteral("key");
-
-class FileSettingsStoreTest : public testing::Test {
+class FileSettingsStoreTest : public test::SettingsTest {
 protected:
     mode_t mode(const QString &path) const {
         struct stat status = {};
         EXPECT_EQ(::stat(qPrintable(path), &status), 0);
         return status.st_mode & 07777;
     }
-
-    /// One line was logged, with the reason and the name under which the file is kept.
-    void expectSetAside(const QString &reason) {
-        ASSERT_EQ(folder.setAside().size(), 1);
-        ASSERT_EQ(logged.lines.size(), 1);
-        EXPECT_TRUE(logged.lines.first().contains(reason)) << logged.lines.first().toStdString();
-        EXPECT_TRUE(logged.lines.first().contains(folder.setAside().first()));
-    }
-
-    test::LogCapture logged;
-    test::SettingsFolder folder;
 };
 
 TEST_F(FileSettingsStoreTest, LiesInTheUsersConfigurationFolder) {
@@ -137,6 +121,31 @@ INSTANTIATE_TEST_SUITE_P(Each, DamagedSettings,
                                          Damage{"Null", R"({"a": null})", "null"},
                                          Damage{"Huge", QByteArray((16 << 20) + 1, ' '), "larger than"}),
                          [](const auto &instance) { return std::string(instance.param.name); });
+
+TEST_F(FileSettingsStoreTest, WhatABrokenFileSaysStaysInOneShortLine) {
+    folder.put(R"({"a": {"$date": "x\ny\u001b[31mred)" + QByteArray(5'000'000, 'x') + "\"}}");
+    FileSettingsStore(folder.path()).read();
+    expectSetAside(QStringLiteral("cannot be \"x?y?[31mredxxx"));
+    EXPECT_LE(logged.lines.first().size(), 500);
+    EXPECT_EQ(logged.lines.first(), cleanLine(logged.lines.first()));
+}
+
+TEST_F(FileSettingsStoreTest, ReadingAndWatchingMakeNothing) {
+    FileSettingsStore store(folder.path(QStringLiteral("new/folder/settings.json")));
+    EXPECT_TRUE(store.read().isEmpty());
+    store.watch([] {});
+    EXPECT_FALSE(QFileInfo::exists(folder.path(QStringLiteral("new"))));
+    EXPECT_TRUE(logged.lines.isEmpty());
+}
+
+TEST_F(FileSettingsStoreTest, WhereNoFolderCanBeOnlyTheWriteComplainsAndOnce) {
+    FileSettingsStore store(QStringLiteral("/proc/nope/com.vexolith.barquell/settings.json"));
+    EXPECT_TRUE(store.read().isEmpty());
+    store.watch([] {});
+    EXPECT_TRUE(logged.lines.isEmpty());
+    EXPECT_EQ(store.write(kKey, 1LL), Outcome::Failed);
+    EXPECT_EQ(logged.lines.size(), 1);
+}
 
 TEST_F(FileSettingsStoreTest, APipeIsSetAsideWithoutWaiting) {
     ASSERT_EQ(::mkfifo(qPrintable(folder.path()), 0600), 0);

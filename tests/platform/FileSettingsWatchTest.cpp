@@ -2,29 +2,32 @@
 
 #include "foundation/UserDefaults.h"
 #include "foundation/Values.h"
-#include "platform/SettingsFolder.h"
+#include "foundation/VirtualRunLoop.h"
+#include "platform/SettingsTest.h"
 #include "platform/linux/FileSettingsStore.h"
 #include "support/ChangeRecorder.h"
-#include "support/LogCapture.h"
 #include "support/Wait.h"
-
-#include <gmock/gmock.h>
 
 #include <unistd.h>
 
 #include <memory>
+#include <stdexcept>
 
 namespace barquell {
 namespace {
 
-const QString kKey = QStringLiteral("key");
 const QString kOther = QStringLiteral("other");
 constexpr std::chrono::milliseconds kQuiet{300}; // longer than an absence is doubted
 
-class FileSettingsWatchTest : public testing::Test {
+class FileSettingsWatchTest : public test::SettingsTest {
 protected:
-    void start() {
-        store = std::make_unique<FileSettingsStore>(folder.path());
+    void start(std::chrono::milliseconds absence = FileSettingsStore::kAbsenceToBelieve) {
+        startAt(folder.path(), absence);
+    }
+
+    void startAt(const QString &path,
+                 std::chrono::milliseconds absence = FileSettingsStore::kAbsenceToBelieve) {
+        store = std::make_unique<FileSettingsStore>(path, absence);
         defaults = std::make_unique<UserDefaults>(store.get());
         defaults->addObserver(recorder, kKey, {});
         defaults->addObserver(recorder, kOther, {});
@@ -46,8 +49,6 @@ protected:
         EXPECT_TRUE(recorder.changes.isEmpty());
     }
 
-    test::LogCapture logged;
-    test::SettingsFolder folder;
     std::unique_ptr<FileSettingsStore> store;
     std::unique_ptr<UserDefaults> defaults;
     test::ChangeRecorder recorder;
@@ -113,11 +114,9 @@ TEST_F(FileSettingsWatchTest, ADeletedFileIsAnEmptyDomainAndANewOneIsNoticed) {
 
 TEST_F(FileSettingsWatchTest, AnAbsenceOfAMomentIsNotADeletion) {
     folder.put(R"({"key": 1})");
-    start();
+    start(std::chrono::hours(1));
     ASSERT_TRUE(QFile::rename(folder.path(), folder.path(QStringLiteral("backup"))));
-    for (int turn = 0; turn < 10; ++turn) { // it is noticed, but not yet believed
-        QCoreApplication::processEvents();
-    }
+    expectNothingTold(); // it is noticed, but not yet believed
     folder.put(R"({"key": 1, "other": 2})");
     expectTold(kOther, 2LL);
 }
@@ -131,13 +130,55 @@ TEST_F(FileSettingsWatchTest, TheFirstFileEverIsNoticed) {
 TEST_F(FileSettingsWatchTest, AFolderThatWasRemovedIsWatchedAgain) {
     const QString path = folder.path(QStringLiteral("config/settings.json"));
     FileSettingsStore(path).write(kKey, 1LL);
-    store = std::make_unique<FileSettingsStore>(path);
-    defaults = std::make_unique<UserDefaults>(store.get());
-    defaults->addObserver(recorder, kKey, {});
+    startAt(path);
     ASSERT_TRUE(QDir(folder.path(QStringLiteral("config"))).removeRecursively());
     expectTold(kKey, QVariant());
     FileSettingsStore(path).write(kKey, 2LL);
     expectTold(kKey, 2LL);
+}
+
+TEST_F(FileSettingsWatchTest, AFolderThatIsYetToBeMadeIsWatchedAsSoonAsItIsThere) {
+    const QString path = folder.path(QStringLiteral("config/deeper/settings.json"));
+    startAt(path);
+    ASSERT_TRUE(QDir().mkdir(folder.path(QStringLiteral("config"))));
+    expectNothingTold();
+    FileSettingsStore(path).write(kKey, 1LL);
+    expectTold(kKey, 1LL);
+    FileSettingsStore(path).write(kKey, 2LL);
+    expectTold(kKey, 2LL);
+    EXPECT_TRUE(logged.lines.isEmpty());
+}
+
+TEST_F(FileSettingsWatchTest, AnExceptionOfTheWatcherIsOneLineAndItIsCalledAgain) {
+    folder.put("{}");
+    FileSettingsStore watched(folder.path());
+    watched.watch([] { throw std::runtime_error("no way"); });
+    const QString line = QStringLiteral("Uncaught exception in the run loop: no way");
+    for (const char *bytes : {R"({"key": 1})", R"({"key": 2})"}) {
+        logged.lines.clear();
+        folder.exchange(bytes);
+        ASSERT_TRUE(test::waitFor([this] { return !logged.lines.isEmpty(); }));
+        EXPECT_EQ(logged.lines.first(), line);
+        test::runFor(kQuiet);
+    }
+}
+
+TEST_F(FileSettingsWatchTest, TheWatcherIsCalledFromTheMainRunLoopWhicheverThatIs) {
+    VirtualRunLoop loop;
+    RunLoop::setMain(&loop);
+    start();
+    folder.put(R"({"key": 1})");
+    test::runFor(kQuiet);
+    EXPECT_TRUE(recorder.changes.isEmpty());
+    loop.runPending();
+    EXPECT_EQ(recorder.changes.size(), 1);
+    folder.put(R"({"key": 2})");
+    test::runFor(kQuiet);
+    defaults.reset();
+    store.reset();
+    loop.runPending(); // nobody is left to be called
+    EXPECT_EQ(recorder.changes.size(), 1);
+    RunLoop::setMain(nullptr);
 }
 
 TEST_F(FileSettingsWatchTest, BehindALinkTheFileIsWatchedToo) {

@@ -2,11 +2,8 @@
 // library's place.
 
 #include "foundation/Values.h"
-#include "platform/SettingsFolder.h"
+#include "platform/SettingsTest.h"
 #include "platform/linux/FileSettingsStore.h"
-#include "support/LogCapture.h"
-
-#include <gmock/gmock.h>
 
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -14,6 +11,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 namespace {
 
@@ -54,11 +52,7 @@ extern "C" int rename(const char *from, const char *to) noexcept {
 namespace barquell {
 namespace {
 
-using Outcome = SettingsStore::Outcome;
-
-const QString kKey = QStringLiteral("key");
-
-class SettingsFaultsTest : public testing::Test {
+class SettingsFaultsTest : public test::SettingsTest {
 protected:
     SettingsFaultsTest() {
         store.write(kKey, 1LL);
@@ -66,8 +60,6 @@ protected:
         disk() = {};
     }
 
-    test::LogCapture logged;
-    test::SettingsFolder folder;
     FileSettingsStore store{folder.path()};
     QByteArray before;
 };
@@ -134,8 +126,7 @@ TEST_F(SettingsFaultsTest, AFileThatMayNotBeOpenedIsSetAside) {
     const AsNobody nobody(QFileInfo(folder.path()).path());
     FileSettingsStore starting(folder.path());
     EXPECT_TRUE(starting.read().isEmpty());
-    EXPECT_EQ(folder.setAside().size(), 1);
-    EXPECT_EQ(logged.lines.size(), 1);
+    expectSetAside(QString::fromLocal8Bit(std::strerror(EACCES)));
     EXPECT_EQ(starting.write(kKey, 2LL), Outcome::Done);
     EXPECT_TRUE(sameValue(starting.read(), QVariantMap{{kKey, 2LL}}));
 }
@@ -146,6 +137,16 @@ TEST_F(SettingsFaultsTest, AFolderThatMayNotBeWrittenMakesAWriteFailWithOneLine)
     const AsNobody nobody(path);
     ASSERT_EQ(::chmod(qPrintable(path), 0500), 0);
     EXPECT_EQ(store.write(kKey, 2LL), Outcome::Failed);
+    EXPECT_EQ(logged.lines.size(), 1);
+    ASSERT_EQ(::chmod(qPrintable(path), 0700), 0);
+}
+
+TEST_F(SettingsFaultsTest, AFolderThatMayNotBeWatchedIsSaidOnce) {
+    const QString path = QFileInfo(folder.path()).path();
+    const AsNobody nobody(path);
+    ASSERT_EQ(::chmod(qPrintable(path), 0300), 0);
+    store.watch([] {});
+    store.watch([] {});
     EXPECT_EQ(logged.lines.size(), 1);
     ASSERT_EQ(::chmod(qPrintable(path), 0700), 0);
 }

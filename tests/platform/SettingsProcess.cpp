@@ -9,7 +9,57 @@
 
 #include <QCoreApplication>
 
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <csignal>
 #include <cstdio>
+
+// A writer can be made to die at one of its calls on the disk, which are counted in the C library's place.
+
+namespace {
+
+int callsToLive = -1; // negative: for ever
+
+bool isTheLast() {
+    return callsToLive >= 0 && callsToLive-- == 0;
+}
+
+void dieIfTheLast() {
+    if (isTheLast()) {
+        std::raise(SIGKILL);
+    }
+}
+
+} // namespace
+
+extern "C" int unlink(const char *path) noexcept {
+    dieIfTheLast();
+    return static_cast<int>(::syscall(SYS_unlink, path));
+}
+
+extern "C" int fchmod(int file, mode_t mode) noexcept {
+    dieIfTheLast();
+    return static_cast<int>(::syscall(SYS_fchmod, file, mode));
+}
+
+extern "C" ssize_t write(int file, const void *bytes, size_t size) {
+    if (isTheLast()) {
+        ::syscall(SYS_write, file, bytes, size / 2);
+        std::raise(SIGKILL);
+    }
+    return ::syscall(SYS_write, file, bytes, size);
+}
+
+extern "C" int fsync(int file) {
+    dieIfTheLast();
+    return static_cast<int>(::syscall(SYS_fsync, file));
+}
+
+extern "C" int rename(const char *from, const char *to) noexcept {
+    dieIfTheLast();
+    return static_cast<int>(::syscall(SYS_rename, from, to));
+}
 
 namespace barquell {
 namespace {
@@ -32,11 +82,15 @@ int writeKeys(FileSettingsStore &store, const QString &beginning, int count) {
     return 0;
 }
 
-/// Writes one value after another until it is killed; each of its parts says which one it is.
+/// Writes a value each of whose parts says which one it is.
+bool writeParts(FileSettingsStore &store, qlonglong number) {
+    return writePatiently(store, QStringLiteral("parts"), QVariantList(5000, number));
+}
+
+/// Writes one value after another until it is killed.
 int churn(FileSettingsStore &store) {
     for (qlonglong number = 0;; ++number) {
-        const QVariantList parts(5000, number);
-        if (!writePatiently(store, QStringLiteral("parts"), parts)) {
+        if (!writeParts(store, number)) {
             return 1;
         }
         if (number == 0) {
@@ -44,6 +98,14 @@ int churn(FileSettingsStore &store) {
             std::fflush(stdout);
         }
     }
+}
+
+/// Writes the value and dies after so many calls on the disk, if there are as many.
+int writeUntil(FileSettingsStore &store, qlonglong number, int calls) {
+    callsToLive = calls;
+    const bool written = writeParts(store, number);
+    callsToLive = -1;
+    return written ? 0 : 1;
 }
 
 /// Takes the lock and keeps it until its input ends.
@@ -77,6 +139,9 @@ int run(const QStringList &arguments) {
     }
     if (task == QLatin1String("churn")) {
         return churn(store);
+    }
+    if (task == QLatin1String("die")) {
+        return writeUntil(store, arguments.value(3).toLongLong(), arguments.value(4).toInt());
     }
     if (task == QLatin1String("hold")) {
         return hold(path);

@@ -83,11 +83,13 @@ void describe(QCommandLineParser &parser) {
         QStringLiteral("Reads and changes the settings; a running Barquell follows at once.\n"
                        "\n"
                        "  barquell defaults read\n"
-                       "  barquell defaults read enabled --json\n"
-                       "  barquell defaults write enabled -bool true\n"
-                       "  barquell defaults write names -array one two three\n"
-                       "  barquell defaults delete enabled\n"
-                       "  barquell defaults delete"));
+                       "  barquell defaults read Enabled --json\n"
+                       "  barquell defaults write Enabled --bool true\n"
+                       "  barquell defaults write names --array one two three\n"
+                       "  barquell defaults delete Enabled\n"
+                       "  barquell defaults delete\n"
+                       "\n"
+                       "A single dash before an option does as well as two."));
     parser.addPositionalArgument(QStringLiteral("verb"), QStringLiteral("read, write or delete."),
                                  QStringLiteral("read|write|delete"));
     parser.addPositionalArgument(QStringLiteral("key"),
@@ -117,11 +119,11 @@ void addOptions(QCommandLineParser &parser, const QString &verb) {
 }
 
 /// What a failed write has to say was said by the store.
-int finish() {
+int finish(UserDefaults &defaults) {
     constexpr int tries = 20; // of a tenth of a second each, if somebody keeps the store locked
     Outcome outcome = Outcome::TryLater;
     for (int attempt = 0; attempt < tries && outcome == Outcome::TryLater; ++attempt) {
-        outcome = UserDefaults::standard().synchronize();
+        outcome = defaults.synchronize();
     }
     if (outcome == Outcome::TryLater) {
         return failure(QStringLiteral("The settings were not saved: another process keeps them locked"));
@@ -133,11 +135,11 @@ int missing(const QString &key) {
     return failure(QStringLiteral("There is no setting \"%1\"").arg(key).simplified());
 }
 
-int runRead(const QStringList &operands, bool json) {
+int runRead(const UserDefaults &defaults, const QStringList &operands, bool json) {
     if (operands.size() > 1) {
         return wrongUsage(kCommand, QStringLiteral("'read' takes one key"));
     }
-    const QVariantMap &domain = UserDefaults::standard().persistentDomain();
+    const QVariantMap &domain = defaults.persistentDomain();
     if (!operands.isEmpty() && !domain.contains(operands.first())) {
         return missing(operands.first());
     }
@@ -149,20 +151,23 @@ int runRead(const QStringList &operands, bool json) {
     return printed ? kExitSuccess : failure(QStringLiteral("The settings could not be printed"));
 }
 
-int store(const QString &key, const QVariant &value) {
+int store(UserDefaults &defaults, const QString &key, const QVariant &value) {
+    if (key.isEmpty()) {
+        return wrongUsage(kCommand, QStringLiteral("A key has at least one letter"));
+    }
     if (!storableValue(value) || !key.isValidUtf16()) {
         return wrongUsage(kCommand, QStringLiteral("That cannot be stored"));
     }
-    UserDefaults::standard().setObject(value, key);
-    return finish();
+    defaults.setObject(value, key);
+    return finish(defaults);
 }
 
-int runWrite(const QStringList &operands, const QCommandLineParser &parser,
+int runWrite(UserDefaults &defaults, const QStringList &operands, const QCommandLineParser &parser,
              const std::optional<QStringList> &elements) {
     if (elements || parser.isSet(kArray)) {
         return elements && parser.isSet(kArray) && operands.size() == 1
-                   ? store(operands.first(), QVariantList(elements->begin(), elements->end()))
-                   : wrongUsage(kCommand, QStringLiteral("'-array' comes after the key"));
+                   ? store(defaults, operands.first(), QVariantList(elements->begin(), elements->end()))
+                   : wrongUsage(kCommand, QStringLiteral("'--array' comes after the key"));
     }
     const Type *chosen = nullptr;
     QStringList texts = operands.mid(1);
@@ -176,35 +181,38 @@ int runWrite(const QStringList &operands, const QCommandLineParser &parser,
     }
     const std::optional<QVariant> value = chosen ? chosen->read(texts.first()) : readText(texts.first());
     if (!value) {
-        return wrongUsage(kCommand, QStringLiteral("'%1' is no value for '-%2'")
+        return wrongUsage(kCommand, QStringLiteral("'%1' is no value for '--%2'")
                                         .arg(texts.first(), QString::fromLatin1(chosen->option)));
     }
-    return store(operands.first(), *value);
+    return store(defaults, operands.first(), *value);
 }
 
-int runDelete(const QStringList &operands) {
+int runDelete(UserDefaults &defaults, const QStringList &operands) {
     if (operands.size() > 1) {
         return wrongUsage(kCommand, QStringLiteral("'delete' takes one key"));
     }
-    UserDefaults &defaults = UserDefaults::standard();
     if (operands.isEmpty()) {
         defaults.removePersistentDomain();
-        return finish();
+        return finish(defaults);
     }
     if (!defaults.persistentDomain().contains(operands.first())) {
         return missing(operands.first());
     }
     defaults.removeObjectForKey(operands.first());
-    return finish();
+    return finish(defaults);
+}
+
+bool isArrayOption(const QString &word) {
+    return word == QLatin1String("--array") || word == QLatin1String("-array");
 }
 
 } // namespace
 
 int runDefaults(const QStringList &arguments) {
-    // What follows "-array" after the key is the list, whatever it looks like.
+    // What follows "--array" after the key is the list, whatever it looks like.
     QStringList words = arguments;
     std::optional<QStringList> elements;
-    if (words.value(1) == QLatin1String("write") && words.value(3) == QLatin1String("-array")) {
+    if (words.value(1) == QLatin1String("write") && isArrayOption(words.value(3))) {
         elements = words.mid(4);
         words = words.first(4);
     }
@@ -217,16 +225,17 @@ int runDefaults(const QStringList &arguments) {
     if (!platform().settingsStore) {
         return failure(QStringLiteral("There are no settings here"));
     }
+    UserDefaults defaults(platform().settingsStore, UserDefaults::Following::No);
     const QStringList positional = parser.positionalArguments();
     const QString verb = positional.value(0);
     if (verb == QLatin1String("read")) {
-        return runRead(positional.mid(1), parser.isSet(kJson));
+        return runRead(defaults, positional.mid(1), parser.isSet(kJson));
     }
     if (verb == QLatin1String("write")) {
-        return runWrite(positional.mid(1), parser, elements);
+        return runWrite(defaults, positional.mid(1), parser, elements);
     }
     if (verb == QLatin1String("delete")) {
-        return runDelete(positional.mid(1));
+        return runDelete(defaults, positional.mid(1));
     }
     return wrongUsage(kCommand, QStringLiteral("It is 'read', 'write' or 'delete'"));
 }

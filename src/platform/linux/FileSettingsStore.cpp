@@ -1,6 +1,7 @@
 #include "platform/linux/FileSettingsStore.h"
 
 #include "foundation/Log.h"
+#include "foundation/RunLoop.h"
 #include "foundation/Values.h"
 #include "platform/linux/FileAccess.h"
 #include "platform/linux/SettingsFile.h"
@@ -11,15 +12,13 @@
 #include <QStandardPaths>
 
 #include <cstdio>
+#include <utility>
 
 namespace barquell {
 
 namespace {
 
 constexpr qint64 kMaximumSize = qint64{16} * 1024 * 1024; // far beyond any settings, well within memory
-
-// An editor that moves the old file away before it writes the new one needs less.
-constexpr std::chrono::milliseconds kAbsenceToBelieve{100};
 
 bool liesThere(const QString &path) {
     const QFileInfo info(path);
@@ -37,6 +36,15 @@ QString nameToKeepUnder(const QString &path) {
     return free;
 }
 
+/// The folder, or the first that is there above it.
+QString nearestFolder(const QString &folder) {
+    QString path = folder;
+    while (!QFileInfo(path).isDir() && path != QFileInfo(path).absolutePath()) {
+        path = QFileInfo(path).absolutePath();
+    }
+    return path;
+}
+
 } // namespace
 
 QString FileSettingsStore::defaultPath() {
@@ -44,13 +52,10 @@ QString FileSettingsStore::defaultPath() {
            QStringLiteral("/com.vexolith.barquell/settings.json");
 }
 
-FileSettingsStore::FileSettingsStore(QString path) : _path(std::move(path)) {
+FileSettingsStore::FileSettingsStore(QString path, std::chrono::milliseconds absenceToBelieve)
+    : _path(std::move(path)), _absenceToBelieve(absenceToBelieve) {
     _settling.setSingleShot(true);
-    QObject::connect(&_settling, &QTimer::timeout, &_settling, [this] {
-        if (_mayHaveChanged) {
-            _mayHaveChanged();
-        }
-    });
+    QObject::connect(&_settling, &QTimer::timeout, &_settling, [this] { tellWatcher(); });
 }
 
 FileSettingsStore::~FileSettingsStore() = default;
@@ -83,7 +88,7 @@ SettingsStore::Outcome FileSettingsStore::removeDomain() {
 }
 
 void FileSettingsStore::watch(std::function<void()> mayHaveChanged) {
-    _mayHaveChanged = std::move(mayHaveChanged);
+    _mayHaveChanged = std::make_shared<std::function<void()>>(std::move(mayHaveChanged));
     if (!_watcher) {
         _watcher = std::make_unique<QFileSystemWatcher>();
         const auto changed = [this] { fileMayHaveChanged(); };
@@ -186,19 +191,22 @@ QString FileSettingsStore::lockPath() const {
 }
 
 void FileSettingsStore::rearm() {
-    // The folder is kept in being, since a folder that is not there cannot be watched. What is watched is a
-    // file, not a name: after an exchange the new one has to be watched, though the watcher may still list
-    // the name.
-    const QString error = makeFolder(folder());
-    if (!error.isEmpty()) {
-        log(QStringLiteral("Changes of the settings in %1 will not be noticed: %2").arg(_path, error));
-        return;
-    }
+    // What is watched is a file, not a name: after an exchange the new one has to be watched, though the
+    // watcher may still list the name.
     const QStringList watched = _watcher->files() + _watcher->directories();
     if (!watched.isEmpty()) {
         _watcher->removePaths(watched);
     }
-    _watcher->addPath(folder());
+    // A folder may be made, or go, between the look and the watch; then what was watched is not what should
+    // be.
+    QString nearest;
+    while (nearest != nearestFolder(folder())) {
+        nearest = nearestFolder(folder());
+        _watcher->addPath(nearest);
+    }
+    if (!_watcher->directories().contains(nearest) && !std::exchange(_saidUnwatched, true)) {
+        log(QStringLiteral("Changes of the settings in %1 will not be noticed").arg(_path));
+    }
     if (QFileInfo::exists(_path)) {
         _watcher->addPath(_path);
     }
@@ -206,7 +214,16 @@ void FileSettingsStore::rearm() {
 
 void FileSettingsStore::fileMayHaveChanged() {
     rearm(); // first, or a change between the reading and the arming would go unseen
-    _settling.start(QFileInfo::exists(_path) ? std::chrono::milliseconds(0) : kAbsenceToBelieve);
+    _settling.start(QFileInfo::exists(_path) ? std::chrono::milliseconds(0) : _absenceToBelieve);
+}
+
+void FileSettingsStore::tellWatcher() {
+    // Through the run loop, which holds an exception of an observer back; Qt would not.
+    RunLoop::main().performAsync([weak = std::weak_ptr(_mayHaveChanged)] {
+        if (const auto mayHaveChanged = weak.lock()) {
+            (*mayHaveChanged)();
+        }
+    });
 }
 
 } // namespace barquell

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QTimer>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 
@@ -20,13 +21,19 @@ namespace barquell {
 /// holds, and a write brings all of it back.
 ///
 /// A symbolic link is followed for reading and writing; set aside is the link. A setting that stays away for
-/// a moment while an editor exchanges the file is not taken for deleted. Main thread only.
+/// a moment while an editor exchanges the file is not taken for deleted. Reading and watching make nothing,
+/// the folder neither: where it is not there, the nearest one above it is watched. Main thread only.
 class FileSettingsStore final : public SettingsStore {
 public:
     /// In the user's configuration folder (XDG_CONFIG_HOME).
     static QString defaultPath();
 
-    explicit FileSettingsStore(QString path = defaultPath());
+    /// How long a file that is gone may yet come back before it counts as deleted. An editor that moves the
+    /// old file away before it writes the new one needs less.
+    static constexpr std::chrono::milliseconds kAbsenceToBelieve{100};
+
+    explicit FileSettingsStore(QString path = defaultPath(),
+                               std::chrono::milliseconds absenceToBelieve = kAbsenceToBelieve);
     ~FileSettingsStore() override;
     Q_DISABLE_COPY_MOVE(FileSettingsStore)
 
@@ -55,11 +62,14 @@ private:
     QString lockPath() const;
     void rearm();
     void fileMayHaveChanged();
+    void tellWatcher();
 
     const QString _path;
-    std::optional<QVariantMap> _lastGood; // nothing before the first look
-    std::function<void()> _mayHaveChanged;
+    const std::chrono::milliseconds _absenceToBelieve;
+    std::optional<QVariantMap> _lastGood;                   // nothing before the first look
+    std::shared_ptr<std::function<void()>> _mayHaveChanged; // calls under way die with it
     std::unique_ptr<QFileSystemWatcher> _watcher;
+    bool _saidUnwatched = false;
     QTimer _settling;
 };
 
