@@ -5,6 +5,7 @@
 #include "app/RegisteredDefaults.h"
 #include "blocking/TouchBarInterceptor.h"
 #include "foundation/Log.h"
+#include "foundation/UserDefaults.h"
 #include "foundation/VirtualRunLoop.h"
 #include "platform/simulated/ScriptedPlatform.h"
 
@@ -72,7 +73,7 @@ int main(int argc, char **argv) {
     static ScriptedPlatform platform;
     RunLoop::setMain(&loop);
     platform.install();
-    registerDefaults();
+    registerDefaults(UserDefaults::standard());
     TouchBarInterceptor::subscribeToUserDefaults();
     const EventTapCallback callback = platform.taps.installedCallback();
     const ScriptedEvent prototype = eventOf(argv[1]);

@@ -4,8 +4,8 @@
 
 namespace barquell {
 
-void registerDefaults() {
-    UserDefaults::standard().registerDefaults({
+void registerDefaults(UserDefaults &settings) {
+    settings.registerDefaults({
         {QStringLiteral("Enabled"), true},
         {QStringLiteral("PauseKeyAllowed"), true},
         {QStringLiteral("PauseKeyFn"), true},

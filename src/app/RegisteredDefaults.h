@@ -2,7 +2,9 @@
 
 namespace barquell {
 
+class UserDefaults;
+
 /// Lays the program's own values under the stored settings; to be called before anything reads them.
-void registerDefaults();
+void registerDefaults(UserDefaults &settings);
 
 } // namespace barquell

@@ -34,6 +34,7 @@ CloneOutput::CloneOutput(const DeviceDescription &bar) : _hasTouchKey(bar.keys.t
     }
     _contacts.reserve(kMaximumSlots);
     _ended.reserve(kMaximumSlots);
+    _goal.reserve(kMaximumSlots);
     _events.reserve(std::size_t{64});
 }
 
@@ -41,6 +42,32 @@ const std::vector<InputEvent> &CloneOutput::moveTo(const Contacts &contacts, std
                                                    std::optional<std::int32_t> timestamp) {
     _events.clear();
     _time = time;
+    appendMove(contacts, timestamp);
+    return _events;
+}
+
+const std::vector<InputEvent> &CloneOutput::endLifted(const Contacts &bar, std::int64_t time) {
+    _events.clear();
+    _time = time;
+    _goal = _contacts;
+    const auto hasLifted = [&](std::size_t i) {
+        return _contacts[i].trackingId >= 0 && _contacts[i].trackingId != slotAt(bar, i).trackingId;
+    };
+    if (_axes.test(kAbsMtToolType)) {
+        for (std::size_t i = 0; i < _goal.size(); ++i) {
+            _goal[i].axis(kAbsMtToolType) = hasLifted(i) ? kMtToolPalm : _goal[i].axis(kAbsMtToolType);
+        }
+        appendMove(_goal, std::nullopt); // in a report of its own, while the contact is still there
+    }
+    for (std::size_t i = 0; i < _goal.size(); ++i) {
+        _goal[i].trackingId = hasLifted(i) ? kNoContact : _goal[i].trackingId;
+    }
+    appendMove(_goal, std::nullopt);
+    return _events;
+}
+
+void CloneOutput::appendMove(const Contacts &contacts, std::optional<std::int32_t> timestamp) {
+    const std::size_t before = _events.size();
     _contacts.resize(std::max(_contacts.size(), contacts.size()));
     _ended = _contacts;
     for (std::size_t i = 0; i < contacts.size(); ++i) {
@@ -49,7 +76,7 @@ const std::vector<InputEvent> &CloneOutput::moveTo(const Contacts &contacts, std
         }
     }
     sendDifference(_ended);
-    if (!_events.empty()) {
+    if (_events.size() != before) {
         send(kEvSyn, kSynReport, 0);
     }
     const std::size_t endings = _events.size();
@@ -62,7 +89,6 @@ const std::vector<InputEvent> &CloneOutput::moveTo(const Contacts &contacts, std
     if (_events.size() != endings) {
         send(kEvSyn, kSynReport, 0);
     }
-    return _events;
 }
 
 void CloneOutput::sendDifference(const Contacts &contacts) {

@@ -24,10 +24,15 @@ public:
     const std::vector<InputEvent> &moveTo(const Contacts &contacts, std::int64_t time,
                                           std::optional<std::int32_t> timestamp = std::nullopt);
 
+    /// Ends what is on the clone but no longer on the bar, for a frame that does not pass: cancelled where
+    /// the clone knows palms, else lifted where it was last seen. The result is like that of moveTo().
+    const std::vector<InputEvent> &endLifted(const Contacts &bar, std::int64_t time);
+
     /// What the clone holds.
     const Contacts &contacts() const { return _contacts; }
 
 private:
+    void appendMove(const Contacts &contacts, std::optional<std::int32_t> timestamp);
     void sendDifference(const Contacts &contacts);
     void sendSlot(std::int32_t index, const Slot &wanted);
     void sendAxis(std::int32_t index, std::uint16_t code, std::int32_t value);
@@ -38,7 +43,8 @@ private:
     std::bitset<kAbsMax + 1> _axes; // what the clone offers
     bool _hasTouchKey;
     Contacts _contacts;
-    Contacts _ended; // for moveTo()
+    Contacts _ended; // for appendMove()
+    Contacts _goal;  // for endLifted()
     std::int32_t _slot = 0;
     std::int32_t _touch = 0; // BTN_TOUCH, ABS_X and ABS_Y as sent
     std::int32_t _x = 0;

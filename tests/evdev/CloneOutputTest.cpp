@@ -92,6 +92,21 @@ TEST_F(CloneOutputTest, APalmIsToldBeforeItsEndAndAFingerBeforeItsBeginning) {
         ElementsAre(abs(kAbsMtToolType, kMtToolFinger), abs(kAbsMtTrackingId, 6), touchKey(1), kReport));
 }
 
+TEST_F(CloneOutputTest, AFingerThatLeftUnseenIsCancelledWhereTheCloneKnowsPalms) {
+    clone.moveTo({finger(5, 100), finger(6, 200)}, kTime);
+    EXPECT_THAT(clone.endLifted({finger(kNoContact, 900), finger(6, 300)}, kTime),
+                ElementsAre(abs(kAbsMtSlot, 0), abs(kAbsMtToolType, kMtToolPalm), kReport,
+                            abs(kAbsMtTrackingId, -1), abs(kAbsX, 200), kReport));
+    EXPECT_THAT(clone.endLifted({finger(kNoContact, 900), finger(6, 300)}, kTime), IsEmpty());
+}
+
+TEST_F(CloneOutputTest, AFingerThatLeftUnseenIsElseLiftedWhereItWas) {
+    CloneOutput plain(t2Bar());
+    plain.moveTo({finger(5, 100)}, kTime);
+    EXPECT_THAT(plain.endLifted({finger(7, 900)}, kTime),
+                ElementsAre(abs(kAbsMtTrackingId, -1), touchKey(0), kReport));
+}
+
 TEST_F(CloneOutputTest, TheAxesOfASlotThatNobodyTouchesWait) {
     clone.moveTo({finger(kNoContact, 700)}, kTime);
     EXPECT_THAT(clone.moveTo({finger(5, 700)}, kTime),

@@ -70,7 +70,7 @@ public:
     Session() {
         static const bool started = [] {
             place();
-            registerDefaults();
+            registerDefaults(UserDefaults::standard());
             TouchBarInterceptor::subscribeToUserDefaults();
             return true;
         }();
@@ -196,6 +196,21 @@ TEST(InvariantsTest, WithTheBarFreeOfFingersTheOutputIsFreeOfFingers) {
         for (const Step &step : *rc::gen::container<std::vector<Step>>(steps(true))) {
             if (session.take(step) && !anyContact(session.bar())) {
                 RC_ASSERT(!anyContact(session.read()));
+            }
+        }
+    }));
+}
+
+TEST(InvariantsTest, NoFingerIsOnTheOutputThatIsNotOnTheBar) {
+    ASSERT_TRUE(rc::check([] {
+        Session session;
+        for (const Step &step : *rc::gen::container<std::vector<Step>>(steps(true))) {
+            if (!session.take(step)) {
+                continue;
+            }
+            for (std::size_t i = 0; i < session.read().size(); ++i) {
+                const std::int32_t id = session.read()[i].trackingId;
+                RC_ASSERT(id < 0 || id == slotAt(session.bar(), i).trackingId);
             }
         }
     }));

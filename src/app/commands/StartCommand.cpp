@@ -10,6 +10,7 @@
 #include "foundation/Log.h"
 #include "foundation/NotificationCenter.h"
 #include "foundation/RunLoop.h"
+#include "foundation/UserDefaults.h"
 
 #include <QCoreApplication>
 
@@ -31,7 +32,7 @@ int runStart(const QStringList & /*arguments*/) {
     }
     const TerminationSignals signalled([] { QCoreApplication::quit(); });
     installThisMachine();
-    registerDefaults();
+    registerDefaults(UserDefaults::standard());
     QObject observer;
     NotificationCenter::defaultCenter().addObserver(observer, touchBarStateChangedNotification(),
                                                     logStateChange);

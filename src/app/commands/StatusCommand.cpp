@@ -5,6 +5,7 @@
 #include "app/commands/Arguments.h"
 #include "app/live/RunningCopy.h"
 #include "foundation/UserDefaults.h"
+#include "platform/Platform.h"
 #include "platform/linux/client/ServerProbe.h"
 
 #include <QJsonArray>
@@ -34,8 +35,9 @@ struct Findings {
 
 Findings look() {
     installThisMachine();
-    registerDefaults();
-    return {RunningCopy::processId(), UserDefaults::standard().boolForKey(QStringLiteral("Enabled")),
+    UserDefaults settings(platform().settingsStore, UserDefaults::Following::No);
+    registerDefaults(settings);
+    return {RunningCopy::processId(), settings.boolForKey(QStringLiteral("Enabled")),
             probeServer(tapServerSocket(), 1s)};
 }
 

@@ -14,8 +14,7 @@ std::optional<FilteredBar::Frame> FilteredBar::feed(const evdev::InputEvent &eve
     if (taps.deliver(gesture)) {
         return Frame{gesture, true, _clone.moveTo(_reader.contacts(), event.time, _reader.timestamp())};
     }
-    static const std::vector<evdev::InputEvent> kNothing;
-    return Frame{gesture, false, kNothing};
+    return Frame{gesture, false, _clone.endLifted(_reader.contacts(), event.time)};
 }
 
 } // namespace barquell::replay

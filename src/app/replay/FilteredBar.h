@@ -9,7 +9,8 @@
 
 namespace barquell::replay {
 
-/// A bar whose frames are led through a tap and, where they pass, on to a clone.
+/// A bar whose frames are led through a tap and, where they pass, on to a clone. A finger that leaves the bar
+/// in a frame that does not pass leaves the clone all the same.
 class FilteredBar {
 public:
     struct Frame {

@@ -6,6 +6,7 @@
 #include "evdev/DeviceKind.h"
 #include "foundation/Log.h"
 #include "foundation/NotificationCenter.h"
+#include "foundation/UserDefaults.h"
 
 #include <algorithm>
 #include <utility>
@@ -104,7 +105,7 @@ void Replay::start(const ReplaySettings &settings) {
     for (auto entry = settings.stored.begin(); entry != settings.stored.end(); ++entry) {
         here.platform.settings.write(entry.key(), entry.value());
     }
-    registerDefaults();
+    registerDefaults(UserDefaults::standard());
     TouchBarInterceptor::subscribeToUserDefaults();
     TouchBarInterceptor::updatePauseFlags(settings.pauseFlags, true);
 }

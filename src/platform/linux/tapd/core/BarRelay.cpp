@@ -135,26 +135,7 @@ void BarRelay::pass(const Contacts &contacts, std::int64_t time, std::optional<s
 }
 
 void BarRelay::swallow(const Contacts &contacts, std::int64_t time) {
-    _wantedContacts = _output.contacts();
-    bool left = false;
-    for (std::size_t i = 0; i < _wantedContacts.size(); ++i) {
-        evdev::Slot &slot = _wantedContacts[i];
-        if (slot.trackingId >= 0 && slot.trackingId != slotAt(contacts, i).trackingId) {
-            slot.axis(evdev::kAbsMtToolType) = evdev::kMtToolPalm;
-            left = true;
-        }
-    }
-    if (!left) {
-        return;
-    }
-    send(_output.moveTo(_wantedContacts, time)); // nothing where the clone knows no palms
-    for (std::size_t i = 0; i < _wantedContacts.size(); ++i) {
-        evdev::Slot &slot = _wantedContacts[i];
-        if (slot.trackingId != slotAt(contacts, i).trackingId) {
-            slot.trackingId = evdev::kNoContact;
-        }
-    }
-    send(_output.moveTo(_wantedContacts, time));
+    send(_output.endLifted(contacts, time));
 }
 
 void BarRelay::send(const std::vector<InputEvent> &events) {

@@ -54,8 +54,7 @@ public:
 
     void pass(const evdev::Contacts &contacts, std::int64_t time, std::optional<std::int32_t> timestamp);
 
-    /// Nothing of the frame reaches the clone, but a finger that has left the bar leaves the clone too: it is
-    /// cancelled where the clone knows palms, else lifted where it was last seen.
+    /// Nothing of the frame reaches the clone, but a finger that has left the bar leaves the clone too.
     void swallow(const evdev::Contacts &contacts, std::int64_t time);
 
 private:
@@ -75,7 +74,7 @@ private:
     Log &_log;
     evdev::TouchReader _reader;
     evdev::CloneOutput _output;
-    evdev::Contacts _wantedContacts; // for swallow() and pass()
+    evdev::Contacts _wantedContacts; // for pass()
     bool _wanted = false;
     bool _hasClone = false;
     bool _cloneKnown = false;
