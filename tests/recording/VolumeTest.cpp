@@ -133,6 +133,14 @@ TEST(Volume, ATextOfWhatLooksLikeCommentsHasAnEndToo) {
     EXPECT_LT(peakMegabytes() - before, kSanitized ? 400U : 60U);
 }
 
+TEST(Volume, ManyEventsAreNoLongText) {
+    constexpr std::size_t kItems = 50'000; // several MiB
+    const Recording recording =
+        readLibinputRecord(endless(kYamlHead, "  - evdev:\n    - [1, 0, 3, 47, 1] # EV_ABS\n", kItems));
+    EXPECT_EQ(recording.complaint, "");
+    EXPECT_EQ(recording.devices.at(0).events.size(), kItems);
+}
+
 TEST(Volume, ALongCommentIsNoText) {
     const std::string head = kYamlHead + kYamlEvents + "  # ";
     const Recording recording = readLibinputRecord(endless(head, "and so on, ", 1U << 18U));
