@@ -31,11 +31,7 @@ void QtRunLoop::performAfter(std::chrono::milliseconds delay, Task task) {
 }
 
 std::unique_ptr<RunLoop::Timer> QtRunLoop::scheduleRepeating(std::chrono::milliseconds interval, Task task) {
-    // The copy keeps the task alive while it runs, should it destroy its own timer.
-    return std::make_unique<QtRepeatingTimer>(interval, [task = std::move(task)] {
-        const Task running = task;
-        perform(running);
-    });
+    return std::make_unique<QtRepeatingTimer>(interval, [task = std::move(task)] { perform(task); });
 }
 
 } // namespace barquell

@@ -220,7 +220,7 @@ def stopped_program_blocks_again_when_it_continues(world: World) -> str:
     tap(bar, 900)
     reader.expect(EV_ABS, X, 900)
     waited = time.monotonic() - start
-    require(waited >= 0.99, f"it passed after {waited:.2f} s already")
+    require(0.99 <= waited < 3, f"it passed after {waited:.2f} s")
     passes(bar, reader, 950)
     program.signal(signal.SIGCONT)
     program.expect("Received kCGEventTapDisabledByTimeout event. Re-enabling...")
