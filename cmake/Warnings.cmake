@@ -9,8 +9,8 @@ if(BARQUELL_SANITIZE)
   add_compile_options(${sanitize})
   add_link_options(${sanitize})
   if(CMAKE_CXX_COMPILER_ID MATCHES Clang)
-    # The same objects serve the fuzz targets; only those link the fuzzer's main.
-    add_compile_options(-fsanitize=fuzzer-no-link)
-    add_link_options(-fsanitize=fuzzer-no-link)
+    # The rooms' objects serve the fuzz targets as well; only those link the fuzzer's main.
+    set(BARQUELL_COVERAGE -fsanitize=fuzzer-no-link)
+    add_link_options(${BARQUELL_COVERAGE})
   endif()
 endif()

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -12,7 +13,7 @@ namespace barquell::recording {
 namespace {
 
 std::string textOf(const char *file) {
-    std::ifstream in(std::string(BARQUELL_TEST_DATA) + '/' + file, std::ios::binary);
+    std::ifstream in(std::filesystem::path(BARQUELL_TEST_DATA) / file, std::ios::binary);
     return {std::istreambuf_iterator<char>(in), {}};
 }
 
