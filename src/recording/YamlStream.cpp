@@ -108,7 +108,8 @@ bool YamlStream::refill() {
     const std::size_t size = _source(std::span(_raw).subspan(kept));
     _raw.resize(kept + size);
     _sourceEnded = size == 0;
-    noteTail(std::string_view(_raw).substr(kept));
+    const std::string_view all = _raw;
+    noteTail(all.substr(kept));
     _clean.clear();
     _given = 0;
     _raw.erase(0, appendCleanLines(_clean, _raw, _sourceEnded));

@@ -6,7 +6,6 @@ namespace barquell::tapd {
 
 using evdev::Contacts;
 using evdev::InputEvent;
-using evdev::slotAt;
 
 BarRelay::BarRelay(const evdev::DeviceDescription &bar, BarPort &port, FrameSink &sink, Log &log)
     : _clone(cloneDescription(bar)), _port(port), _sink(sink), _log(log), _reader(bar), _output(_clone) {
