@@ -41,6 +41,15 @@ public:
         _listening = FileDescriptor();
     }
 
+    /// Ends the connection of the client.
+    void hangUp() { _client = FileDescriptor(); }
+
+    /// Is a client waiting to be accepted?
+    bool isCalled() {
+        _client = FileDescriptor(::accept4(_listening.get(), nullptr, nullptr, SOCK_NONBLOCK));
+        return _client.isValid();
+    }
+
     bool accept() {
         return waitFor([this] {
             _client = FileDescriptor(::accept4(_listening.get(), nullptr, nullptr, SOCK_NONBLOCK));

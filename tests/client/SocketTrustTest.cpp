@@ -3,6 +3,9 @@
 #include "platform/linux/client/SocketTrust.h"
 #include "support/Place.h"
 
+#include <QDir>
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
 
 namespace barquell::test {
@@ -45,6 +48,27 @@ TEST_F(SocketTrustTest, ASocketThatGoesOrComesIsTold) {
     server.listen();
     EXPECT_TRUE(isTold());
     EXPECT_TRUE(trust.isProcessTrusted());
+}
+
+TEST_F(SocketTrustTest, AServerWhoseFolderComesLaterIsNoticed) {
+    const QTemporaryDir home;
+    const QString folder = home.filePath(QStringLiteral("run/barquell"));
+    const QString path = folder + QStringLiteral("/tap.sock");
+    const SocketTrust later(path, place().platform.notifications);
+    told = 0;
+    QDir().mkpath(folder);
+    QFile socket(path);
+    ASSERT_TRUE(socket.open(QIODevice::WriteOnly));
+    EXPECT_TRUE(isTold());
+    EXPECT_TRUE(later.isProcessTrusted());
+    told = 0;
+    ASSERT_TRUE(QDir(folder).removeRecursively());
+    EXPECT_TRUE(isTold());
+    told = 0;
+    QDir().mkpath(folder);
+    QFile again(path);
+    ASSERT_TRUE(again.open(QIODevice::WriteOnly));
+    EXPECT_TRUE(isTold());
 }
 
 TEST(SocketTrustWithoutServerTest, WithoutAServerNobodyIsTrusted) {

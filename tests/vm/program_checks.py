@@ -198,6 +198,7 @@ def finger_lifted_while_blocked_does_not_stay(world: World) -> None:
     reader.expect(EV_ABS, X, 9000)
     let_go(program, keyboard, FN)
     bar.up([0])
+    until("the first finger has left the clone", lambda: held(world.clone())[:2] == [-1, 1])
     bar.move(20, [(1, 9500, 60)])
     bar.up([1])
     until("both have ended", lambda: reader.values(EV_ABS, ID).count(-1) == 2)
@@ -256,12 +257,46 @@ def killed_server_frees_the_bar_and_a_new_one_is_found(world: World) -> None:
 def bar_that_appears_after_the_program(world: World) -> None:
     world.plug("keyboard", "keyboard")
     program = started(world, bars=0)
-    bar = world.plug("bar", "m1-bar")
+    for model in ("m1-bar", "m2-bar"):
+        bar = world.plug("bar", model)
+        program.holds(1)
+        clone = world.reader(world.clone())
+        tap(bar, 900)
+        mark(world, program, clone)
+        require(900 not in clone.values(EV_ABS, X), f"the touch of the {model} passed")
+        world.session.remove("bar")
+        until("the clone has gone", lambda: not clones())
+
+
+def bar_unplugged_in_mid_touch_comes_back_blocked(world: World) -> None:
+    bar, keyboard, program, reader = with_bar(world)
+    hold(program, keyboard, FN)
+    bar.down([(0, 700, 60)])
+    reader.expect(EV_ABS, X, 700)
+    world.session.remove("bar")
+    until("the clone has gone", lambda: reader.read() and reader.gone)
+    require(reader.values(EV_ABS, ID) == [0, -1], f"contacts {reader.values(EV_ABS, ID)}")
+    let_go(program, keyboard, FN)
+    bar = world.plug("bar", "t2-bar")
     program.holds(1)
     clone = world.reader(world.clone())
     tap(bar, 900)
     mark(world, program, clone)
     require(900 not in clone.values(EV_ABS, X), "the touch passed")
+
+
+def program_waits_for_a_busy_server(world: World) -> None:
+    bar = world.plug("bar", "t2-bar")
+    world.plug("keyboard", "keyboard")
+    other = world.tapping("pass")
+    program = Program(world)
+    program.expect("The tap server serves somebody else; touches pass until it is free")
+    clone = world.reader(world.clone())
+    passes(bar, clone, 600)
+    other.kill()
+    program.expect("The tap server has installed the tap")
+    program.holds(1)
+    require(blocked(world, program, world.reader(world.clone())), "the touch passed")
 
 
 def second_copy_is_refused(world: World) -> None:
@@ -386,6 +421,8 @@ ALL = [
     "stopped_program_blocks_again_when_it_continues",
     "killed_server_frees_the_bar_and_a_new_one_is_found",
     "bar_that_appears_after_the_program",
+    "bar_unplugged_in_mid_touch_comes_back_blocked",
+    "program_waits_for_a_busy_server",
     "second_copy_is_refused",
     "doctor_finds_what_is_missing",
     "live_and_replay_agree",

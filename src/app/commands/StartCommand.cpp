@@ -27,8 +27,12 @@ void logStateChange(const Notification &notification) {
 
 int runStart(const QStringList & /*arguments*/) {
     RunningCopy copy;
-    if (!copy.claim()) {
+    const RunningCopy::Claim claim = copy.claim();
+    if (claim == RunningCopy::Claim::Taken) {
         return failure(QStringLiteral("another copy is running (see 'barquell status')"));
+    }
+    if (claim == RunningCopy::Claim::Impossible) {
+        log(QStringLiteral("No mark of this copy can be left; a second one would not be noticed"));
     }
     const TerminationSignals signalled([] { QCoreApplication::quit(); });
     installThisMachine();

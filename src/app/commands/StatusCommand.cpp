@@ -122,7 +122,8 @@ QList<Check> diagnose(const Findings &findings) {
     if (welcome) {
         checks.append({QStringLiteral("the kernel knows a Touch Bar"), welcome->barsKnown > 0,
                        QStringLiteral("nothing to filter on this machine; try: barquell replay FILE")});
-        const bool held = welcome->barsKnown == 0 || !findings.processId || welcome->barsGrabbed > 0;
+        const bool held =
+            !findings.processId || !findings.enabled || welcome->barsGrabbed == welcome->barsKnown;
         checks.append({QStringLiteral("the Touch Bar is held by the tap"), held,
                        QStringLiteral("lift every finger from it; no other program may hold it")});
     }

@@ -1,18 +1,29 @@
 #include "app/live/RunningCopy.h"
 
+#include <QCoreApplication>
+#include <QFileInfo>
 #include <QStandardPaths>
+
+#include <unistd.h>
 
 namespace barquell {
 
 namespace {
 
 QString lockPath() {
-    // Without a runtime folder (no login session) the temporary one has to do.
-    QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    if (folder.isEmpty()) {
-        folder = QStandardPaths::writableLocation(QStandardPaths::TempLocation);
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    if (!folder.isEmpty()) {
+        return folder + QStringLiteral("/com.vexolith.barquell.lock");
     }
-    return folder + QStringLiteral("/com.vexolith.barquell.lock");
+    // Without a runtime folder (no login session) the temporary one has to do, which all users share.
+    return QStandardPaths::writableLocation(QStandardPaths::TempLocation) +
+           QStringLiteral("/com.vexolith.barquell.%1.lock").arg(::getuid());
+}
+
+bool isCopyOfUs(qint64 processId) {
+    const QFileInfo program(QStringLiteral("/proc/%1/exe").arg(processId));
+    return QFileInfo(program.symLinkTarget()).fileName() ==
+           QFileInfo(QCoreApplication::applicationFilePath()).fileName();
 }
 
 } // namespace
@@ -21,21 +32,22 @@ RunningCopy::RunningCopy() : _lock(lockPath()) {
     _lock.setStaleLockTime(0); // a living copy keeps its mark however long it runs
 }
 
-bool RunningCopy::claim() {
-    return _lock.tryLock(0);
+RunningCopy::Claim RunningCopy::claim() {
+    if (_lock.tryLock(0)) {
+        return Claim::Ours;
+    }
+    return _lock.error() == QLockFile::LockFailedError ? Claim::Taken : Claim::Impossible;
 }
 
 std::optional<qint64> RunningCopy::processId() {
-    QLockFile lock(lockPath());
-    lock.setStaleLockTime(0);
-    if (lock.tryLock(0) || lock.error() != QLockFile::LockFailedError) {
-        return std::nullopt;
-    }
-    qint64 pid = 0;
+    const QLockFile lock(lockPath());
+    qint64 processId = 0;
     QString host;
     QString application;
-    lock.getLockInfo(&pid, &host, &application);
-    return pid;
+    if (!lock.getLockInfo(&processId, &host, &application) || !isCopyOfUs(processId)) {
+        return std::nullopt;
+    }
+    return processId;
 }
 
 } // namespace barquell

@@ -18,11 +18,13 @@ public:
     bool isProcessTrusted() const override;
 
 private:
-    void watchFolder();
+    void rearm();
+    void look();
 
     const QString _socketPath;
     DistributedNotifications &_notifications;
-    QFileSystemWatcher _watcher;
+    QFileSystemWatcher _watcher; // the socket's folder, or the nearest one above it that exists
+    bool _trusted;
 };
 
 } // namespace barquell

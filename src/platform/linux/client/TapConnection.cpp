@@ -37,7 +37,8 @@ void TapConnection::send(const protocol::ClientMessage &message) {
 }
 
 void TapConnection::readAll() {
-    for (int i = 0; i < kMessagesAtOnce && !_lost; ++i) {
+    const std::weak_ptr<char> alive = _alive; // a handler may run the loop, and the loss be handled there
+    for (int i = 0; i < kMessagesAtOnce && !alive.expired() && !_lost; ++i) {
         bool ended = false;
         const auto message = receiveFromServer(_socket, ended);
         if (ended) {

@@ -8,6 +8,8 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+
 namespace barquell {
 
 using namespace std::chrono_literals;
@@ -19,8 +21,9 @@ using protocol::ServerMessageType;
 
 namespace {
 
-// How often a server that is away or busy is tried again.
-constexpr auto kRetryInterval = 5s;
+// How soon a server that is away or busy is tried again, at first and at the most.
+constexpr std::chrono::seconds kFirstPause = 5s;
+constexpr std::chrono::seconds kLongestPause = 5min;
 
 } // namespace
 
@@ -98,8 +101,9 @@ std::unique_ptr<EventTapSource> TapServerClient::Tap::createRunLoopSource() {
 }
 
 TapServerClient::TapServerClient(QString socketPath)
-    : _socketPath(std::move(socketPath)), _alive(std::make_shared<char>()) {
+    : _socketPath(std::move(socketPath)), _pause(kFirstPause), _alive(std::make_shared<char>()) {
     QObject::connect(&_watcher, &QFileSystemWatcher::directoryChanged, &_watcher, [this] {
+        _hopeless = false;
         if (_tap && !_connection) {
             connect();
         }
@@ -145,14 +149,15 @@ void TapServerClient::askForTap() {
 }
 
 void TapServerClient::tryAgainLater() {
-    if (std::exchange(_tryingAgain, true)) {
+    if (_hopeless || std::exchange(_tryingAgain, true)) {
         return;
     }
-    RunLoop::main().performAfter(kRetryInterval, [this, alive = std::weak_ptr<char>(_alive)] {
+    RunLoop::main().performAfter(_pause, [this, alive = std::weak_ptr<char>(_alive)] {
         if (alive.expired()) {
             return;
         }
         _tryingAgain = false;
+        _pause = std::min(2 * _pause, kLongestPause);
         if (_tap && !_connection) {
             connect();
         } else if (_tap && _remote == Remote::None) {
@@ -212,6 +217,7 @@ void TapServerClient::handleTapCreated() {
         return;
     }
     _remote = Remote::Installed;
+    _pause = kFirstPause;
     _tap->tellEnabled();
     if (std::exchange(_complained, false)) {
         log(QStringLiteral("The tap server has installed the tap"));
@@ -226,6 +232,7 @@ void TapServerClient::handleRefusal(const ServerMessage &message) {
         tryAgainLater();
         break;
     case Refusal::Version:
+        _hopeless = true;
         complain(QStringLiteral("The tap server speaks version %1 and not %2; touches pass")
                      .arg(message.version)
                      .arg(protocol::kVersion));

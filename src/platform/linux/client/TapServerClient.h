@@ -53,7 +53,9 @@ private:
     ModifierFlags _flags = 0;
     QFileSystemWatcher _watcher; // the server's folder: a new server makes a new socket
     bool _tryingAgain = false;
-    bool _complained = false; // one line until all is well again
+    std::chrono::seconds _pause; // before the next try
+    bool _hopeless = false;      // the server speaks another version; only a new one can help
+    bool _complained = false;    // one line until all is well again
     std::shared_ptr<char> _alive;
 };
 
