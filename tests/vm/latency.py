@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""How long a touch takes to its reader: through the kernel alone, through the tap server and a client, and through a
-pipeline of general tools where they are at hand. One run, so that the numbers may be compared."""
+"""How long a touch takes to its reader: through the kernel alone, through the tap server and a bare client or the real
+program, and through a pipeline of general tools where they are at hand. One run, so that the numbers may be compared."""
 
 import glob
 import os
@@ -8,8 +8,13 @@ import statistics
 import subprocess
 import sys
 
+from types import SimpleNamespace
+
 import reader
-from reader import clones, until
+from keyboard import Keyboard
+from models import KEYBOARDS
+from program_checks import Program, hold
+from reader import Failure, clones, until
 from world import Client, Lines, Server
 
 FRAMES = int(sys.argv[1]) if len(sys.argv) > 1 else 2000
@@ -37,6 +42,8 @@ def measure(probe: Lines, name: str, node: str) -> None:
         return seen[len(rounds) :]
 
     rounds.append([float(word) for word in until(f"{name} is measured", answers)[0]])
+    if len(rounds[-1]) < 2:
+        raise Failure(f"{name}: {rounds[-1]}")
 
 
 def pipeline(probe: Lines, name: str, real: str, middle: str) -> None:
@@ -66,12 +73,35 @@ def through_the_server(probe: Lines) -> None:
     until("the clone is gone", lambda: not clones())
 
 
+def through_the_program(probe: Lines) -> None:
+    """The real program, asked about each frame, with Fn held so that it lets them pass."""
+    server = Server()
+    keyboard = Keyboard(*KEYBOARDS["keyboard"])
+    program = Program(SimpleNamespace(closing=lambda each: each))
+    program.expect("Blocking is in force (the pause keys)")
+    program.holds(1)
+    hold(program, keyboard, "FN")
+    measure(probe, "program", clones()[0])
+    program.close()
+    keyboard.close()
+    server.kill()
+    until("the clone is gone", lambda: not clones())
+
+
+def summary(rounds: list) -> tuple:
+    """Median and 99th percentile of all frames."""
+    times = sorted(time for one in rounds for time in one)
+    return statistics.median(times), times[len(times) * 99 // 100]
+
+
 def report() -> None:
-    middle = {name: [statistics.median(column) for column in zip(*rounds)] for name, rounds in results.items()}
-    base = middle["kernel"]
-    for name, (median, p99) in middle.items():
+    base = summary(results["kernel"])
+    for name, rounds in results.items():
+        median, p99 = summary(rounds)
         ratios = f"{median / base[0]:.2f} and {p99 / base[1]:.2f} of the kernel's"
-        print(f"{name}: median {median:.0f} us, p99 {p99:.0f} us; {ratios}; medians {[int(r[0]) for r in results[name]]}")
+        medians = [int(statistics.median(one)) for one in rounds]
+        print(f"{name}: {sum(map(len, rounds))} frames, median {median:.0f} us, p99 {p99:.0f} us; {ratios}; "
+              f"medians of the rounds {medians}")
 
 
 def main() -> None:
@@ -80,6 +110,7 @@ def main() -> None:
     for _ in range(ROUNDS):
         measure(probe, "kernel", real)
         through_the_server(probe)
+        through_the_program(probe)
         if os.path.exists(TOOLS):
             pipeline(probe, "pipeline", real, "")
             pipeline(probe, "pipeline-filter", real, "| /out/passfilter")

@@ -1,6 +1,5 @@
 #include "platform/linux/tapd/kernel/UinputDevice.h"
 
-#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -13,8 +12,8 @@
 
 // latencyprobe FRAMES: makes a bar, prints its kernel name, and then reads lines from standard input, each
 // the name of a measurement and a node to be read. For each it moves a finger on the bar FRAMES times and
-// prints how long after the writing of a frame the reader of that node had it, in microseconds: NAME median
-// p99.
+// prints how long after the writing of a frame the reader of that node had it, in microseconds: NAME and the
+// time of each frame.
 namespace {
 
 using namespace barquell;
@@ -83,9 +82,11 @@ bool measure(const tapd::UinputDevice &device, const std::string &name, const st
         std::this_thread::sleep_for(std::chrono::milliseconds(1)); // a bar rests between its frames
     }
     putFinger(device, false);
-    std::sort(times.begin(), times.end());
-    std::printf("%s %.1f %.1f\n", name.c_str(), times.at(times.size() / 2),
-                times.at(times.size() * 99 / 100));
+    std::printf("%s", name.c_str());
+    for (const double time : times) {
+        std::printf(" %.1f", time);
+    }
+    std::printf("\n");
     return true;
 }
 

@@ -259,7 +259,7 @@ def client_that_stands_still(world: World) -> str:
     tap(bar, 1234)
     clone.expect(EV_ABS, X, 1234)
     waited = time.monotonic() - start
-    require(waited >= 1.0, f"it passed after {waited:.3f} s")
+    require(1.0 <= waited < 3, f"it passed after {waited:.3f} s")
     tap(bar, 1235)
     clone.expect(EV_ABS, X, 1235)
     client.signal(signal.SIGCONT)
