@@ -103,28 +103,43 @@ struct Check {
     QString mend; ///< what to do where it is not good
 };
 
+/// The way to the server: the first thing that fails hides what lies behind it.
+Check checkServer(const Findings &findings) {
+    const QString start = QStringLiteral("sudo barquell-tapd --group $(id -gn)");
+    const auto *why = std::get_if<ProbeFailure>(&findings.server);
+    if (!why) {
+        return {QStringLiteral("the tap server answers this user"), true, {}};
+    }
+    switch (*why) {
+    case ProbeFailure::Absent:
+        return {QStringLiteral("the tap server is there"), false, QStringLiteral("start it: ") + start};
+    case ProbeFailure::Forbidden:
+        return {QStringLiteral("this user may speak to the tap server"), false,
+                QStringLiteral("start it for a group of this user: ") + start};
+    case ProbeFailure::Silent:
+    case ProbeFailure::Refused:
+        break;
+    }
+    return {QStringLiteral("the tap server answers"), false,
+            QStringLiteral("end it and start it again: sudo pkill -x barquell-tapd; ") + start};
+}
+
 QList<Check> diagnose(const Findings &findings) {
-    const QString server = serverState(findings);
-    const auto *welcome = findings.welcome();
-    const bool absent = server == QLatin1String("absent");
     QList<Check> checks{
-        {QStringLiteral("the tap server is there"), !absent,
-         QStringLiteral("start it: sudo barquell-tapd --group $(id -gn)")},
-        {QStringLiteral("this user may speak to it"), absent || findings.isTrusted(),
-         QStringLiteral("start it for a group of this user: sudo barquell-tapd --group $(id -gn)")},
-        {QStringLiteral("it answers"), absent || !findings.isTrusted() || welcome != nullptr,
-         QStringLiteral(
-             "end it and start it again: sudo pkill barquell-tapd; sudo barquell-tapd --group $(id -gn)")},
+        checkServer(findings),
         {QStringLiteral("blocking is switched on"), findings.enabled,
          QStringLiteral("barquell defaults write Enabled -bool true")},
         {QStringLiteral("Barquell is running"), findings.processId.has_value(), QStringLiteral("barquell &")},
     };
-    if (welcome) {
-        checks.append({QStringLiteral("the kernel knows a Touch Bar"), welcome->barsKnown > 0,
-                       QStringLiteral("nothing to filter on this machine; try: barquell replay FILE")});
-        const bool held =
-            !findings.processId || !findings.enabled || welcome->barsGrabbed == welcome->barsKnown;
-        checks.append({QStringLiteral("the Touch Bar is held by the tap"), held,
+    const auto *welcome = findings.welcome();
+    if (!welcome) {
+        return checks;
+    }
+    checks.append({QStringLiteral("the kernel knows a Touch Bar"), welcome->barsKnown > 0,
+                   QStringLiteral("nothing to filter on this machine; try: barquell replay FILE")});
+    if (welcome->barsKnown > 0 && findings.enabled && findings.processId) {
+        checks.append({QStringLiteral("the Touch Bar is held by the tap"),
+                       welcome->barsGrabbed == welcome->barsKnown,
                        QStringLiteral("lift every finger from it; no other program may hold it")});
     }
     return checks;

@@ -1,8 +1,8 @@
 #include "app/live/RunningCopy.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
-#include <QStandardPaths>
 
 #include <unistd.h>
 
@@ -11,13 +11,12 @@ namespace barquell {
 namespace {
 
 QString lockPath() {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    const QString folder = qEnvironmentVariable("XDG_RUNTIME_DIR");
     if (!folder.isEmpty()) {
         return folder + QStringLiteral("/com.vexolith.barquell.lock");
     }
     // Without a runtime folder (no login session) the temporary one has to do, which all users share.
-    return QStandardPaths::writableLocation(QStandardPaths::TempLocation) +
-           QStringLiteral("/com.vexolith.barquell.%1.lock").arg(::getuid());
+    return QDir::tempPath() + QStringLiteral("/com.vexolith.barquell.%1.lock").arg(::getuid());
 }
 
 bool isCopyOfUs(qint64 processId) {
