@@ -1,27 +1,15 @@
 #include "platform/linux/tapd/service/SystemLog.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <sys/socket.h>
+#include <sys/un.h>
 #include <syslog.h>
 
 namespace barquell::tapd {
 
-namespace {
-
-void write(const std::string &text) {
-    std::fprintf(stderr, "barquell-tapd: %s\n", text.c_str());
-    ::syslog(LOG_NOTICE, "%s", text.c_str());
-}
-
-} // namespace
-
-SystemLog::SystemLog() {
-    ::openlog("barquell-tapd", LOG_PID, LOG_DAEMON);
-}
-
-SystemLog::~SystemLog() {
-    ::closelog();
-}
+SystemLog::SystemLog(int error, std::string systemSocket)
+    : _error(error), _system(::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0)),
+      _systemSocket(std::move(systemSocket)) {}
 
 void SystemLog::line(std::string_view text) {
     if (!_limit.admits(std::chrono::steady_clock::now())) {
@@ -36,6 +24,22 @@ void SystemLog::line(std::string_view text) {
         printable.begin(), printable.end(),
         [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7f'; }, '?');
     write(printable);
+}
+
+void SystemLog::write(const std::string &text) const {
+    _error.write("barquell-tapd: " + text + '\n');
+    writeToSystem(text);
+}
+
+/// Not by syslog(3), which waits for a log that does not read.
+void SystemLog::writeToSystem(const std::string &text) const {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    _systemSocket.copy(address.sun_path, sizeof address.sun_path - 1);
+    const std::string packet = "<" + std::to_string(LOG_DAEMON | LOG_NOTICE) + ">barquell-tapd[" +
+                               std::to_string(::getpid()) + "]: " + text;
+    ::sendto(_system.get(), packet.data(), packet.size(), MSG_DONTWAIT | MSG_NOSIGNAL,
+             reinterpret_cast<const sockaddr *>(&address), sizeof address);
 }
 
 } // namespace barquell::tapd

@@ -2,21 +2,26 @@
 
 #include "platform/linux/tapd/core/Ports.h"
 #include "platform/linux/tapd/service/LineLimit.h"
+#include "platform/linux/tapd/service/LineWriter.h"
 
 namespace barquell::tapd {
 
-/// Standard error and the system log.
+/// Standard error and the system log. A line that either cannot take at once is lost to it: who waits for a
+/// log does not serve the bar that it holds.
 class SystemLog final : public Log {
 public:
-    SystemLog();
-    ~SystemLog();
-    SystemLog(const SystemLog &) = delete;
-    SystemLog &operator=(const SystemLog &) = delete;
+    explicit SystemLog(int error = STDERR_FILENO, std::string systemSocket = "/dev/log");
 
     void line(std::string_view text) override;
 
 private:
+    void write(const std::string &text) const;
+    void writeToSystem(const std::string &text) const;
+
     LineLimit _limit;
+    LineWriter _error;
+    FileDescriptor _system; ///< asks for the address each time, since the log may be started anew
+    std::string _systemSocket;
 };
 
 } // namespace barquell::tapd
