@@ -10,6 +10,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <fstream>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -120,6 +121,56 @@ TEST_F(ListenerTest, WhatADeadServerLeftIsReplaced) {
     const auto second = Listener::open(options, problem);
     ASSERT_TRUE(second) << problem;
     EXPECT_TRUE(connect().isValid());
+}
+
+TEST_F(ListenerTest, AFileThatIsNoSocketStays) {
+    options.path = folder / "file";
+    std::ofstream(options.path) << "precious";
+    EXPECT_FALSE(Listener::open(options, problem));
+    EXPECT_THAT(problem, HasSubstr("no socket"));
+    EXPECT_EQ(std::filesystem::file_size(options.path), 8U);
+}
+
+TEST_F(ListenerTest, ALinkStaysAndSoDoesWhatItNames) {
+    options.path = folder / "link";
+    {
+        auto dead =
+            Listener::open({folder / "dead", 0600, {}}, problem); // leaves its socket under another name
+        std::filesystem::rename(folder / "dead", folder / "left");
+    }
+    std::filesystem::create_symlink(folder / "left", options.path);
+    EXPECT_FALSE(Listener::open(options, problem));
+    EXPECT_TRUE(std::filesystem::is_symlink(options.path));
+    EXPECT_TRUE(std::filesystem::is_socket(folder / "left"));
+}
+
+TEST_F(ListenerTest, ItLeavesTheSocketOfTheNextServerAlone) {
+    std::optional<Listener> next;
+    {
+        const auto first = Listener::open(options, problem);
+        ASSERT_TRUE(first) << problem;
+        std::filesystem::remove(options.path);
+        next.emplace(Listener::open(options, problem).value());
+    }
+    EXPECT_TRUE(connect().isValid());
+}
+
+TEST_F(ListenerTest, TheFolderItMakesIsOpenToAllWhateverTheCallersMask) {
+    const mode_t before = ::umask(0077);
+    const auto listener = Listener::open(options, problem);
+    EXPECT_EQ(::umask(before), 0077U) << "the mask is the caller's again";
+    ASSERT_TRUE(listener) << problem;
+    struct stat status {};
+    ASSERT_EQ(::stat((folder / "run").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0755U);
+}
+
+TEST_F(ListenerTest, AFolderThatIsThereKeepsItsMode) {
+    std::filesystem::create_directory(folder / "run");
+    std::filesystem::permissions(folder / "run", std::filesystem::perms::owner_all);
+    const auto listener = Listener::open(options, problem);
+    ASSERT_TRUE(listener) << problem;
+    EXPECT_EQ(std::filesystem::status(folder / "run").permissions(), std::filesystem::perms::owner_all);
 }
 
 TEST_F(ListenerTest, AnUnknownGroupOpensItToNobody) {

@@ -1,6 +1,7 @@
 #include "platform/linux/tapd/service/Daemon.h"
 #include "platform/linux/tapd/service/SystemLog.h"
 
+#include <csignal>
 #include <cstdio>
 
 int main(int argc, char **argv) {
@@ -17,14 +18,15 @@ int main(int argc, char **argv) {
         std::puts("barquell-tapd " BARQUELL_VERSION);
         return 0;
     }
+    std::signal(SIGPIPE, SIG_IGN); // whoever reads our lines may go
     SystemLog log;
     std::string problem;
-    const auto listener = Listener::open(options->socket, problem);
+    auto listener = Listener::open(options->socket, problem);
     if (!listener) {
         log.line(problem);
         return 1;
     }
-    Daemon daemon(*listener, log);
+    Daemon daemon(std::move(*listener), log);
     if (!daemon.start()) {
         log.line("cannot watch for input devices");
         return 1;

@@ -14,19 +14,20 @@ FileDescriptor endSignals() {
     ::sigemptyset(&signals);
     ::sigaddset(&signals, SIGTERM);
     ::sigaddset(&signals, SIGINT);
+    ::sigaddset(&signals, SIGHUP); // a terminal that goes is no reason to end with a bar in hand
     ::sigprocmask(SIG_BLOCK, &signals, nullptr);
     return FileDescriptor(::signalfd(-1, &signals, SFD_NONBLOCK | SFD_CLOEXEC));
 }
 
 } // namespace
 
-Daemon::Daemon(const Listener &listener, Log &log)
-    : _listener(listener), _signals(endSignals()), _server(log), _devices(_server, _poller, log) {}
+Daemon::Daemon(Listener listener, Log &log)
+    : _listener(std::move(listener)), _signals(endSignals()), _server(log), _devices(_server, _poller, log) {}
 
 bool Daemon::start() {
     _running = _poller.add(Source::Signals, _signals.get()) &&
                _poller.add(Source::Timer, _timer.descriptor()) &&
-               _poller.add(Source::Listener, _listener.descriptor()) && _devices.start();
+               _poller.add(Source::Listener, _listener->descriptor()) && _devices.start();
     return _running;
 }
 
@@ -44,6 +45,7 @@ void Daemon::run() {
         _devices.advance(now);
     }
     _devices.close();
+    _listener.reset(); // the next server need not wait for our clones to go
     while (const auto last = _devices.deadline()) {
         std::this_thread::sleep_until(*last);
         _devices.advance(*last);
@@ -83,7 +85,7 @@ void Daemon::serve(const Ready &ready, Time now) {
 }
 
 void Daemon::accept(Time now) {
-    FileDescriptor socket = _listener.accept();
+    FileDescriptor socket = _listener->accept();
     const int key = socket.get();
     if (!socket.isValid() || !_poller.add(Source::Client, key)) {
         return;

@@ -10,7 +10,7 @@ namespace barquell::tapd {
 /// The running service: one loop that brings what happens to the rules.
 class Daemon {
 public:
-    Daemon(const Listener &listener, Log &log);
+    Daemon(Listener listener, Log &log);
 
     /// False where the system does not give what it takes.
     bool start();
@@ -30,7 +30,7 @@ private:
     void serveClient(const Ready &ready, Time now);
     void updateClients();
 
-    const Listener &_listener;
+    std::optional<Listener> _listener; // until the end begins
     Poller _poller;
     FileDescriptor _signals;
     DeadlineTimer _timer;

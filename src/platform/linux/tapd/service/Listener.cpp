@@ -27,23 +27,54 @@ FileDescriptor newSocket() {
     return FileDescriptor(::socket(AF_UNIX, SOCK_SEQPACKET | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
 }
 
-/// Makes the place free: what a server that died has left behind is removed. False where one is alive.
-bool clearPlace(const sockaddr_un &address) {
+/// The mode of what is made while this lives does not depend on who started us.
+class Umask {
+public:
+    explicit Umask(mode_t mask) : _before(::umask(mask)) {}
+    ~Umask() { ::umask(_before); }
+    Umask(const Umask &) = delete;
+    Umask &operator=(const Umask &) = delete;
+
+private:
+    mode_t _before;
+};
+
+/// One that is there stays as it is.
+void makeFolderOf(const std::string &path) {
+    const std::string folder = path.substr(0, path.rfind('/') + 1);
+    const Umask none(0);
+    if (!folder.empty()) {
+        ::mkdir(folder.c_str(), 0755);
+    }
+}
+
+enum class Place { Free, Alive, NoSocket };
+
+/// Makes the place free: what a server that died has left behind is removed, and nothing else. A connection
+/// to a file that is no socket is refused just as one to a dead server's.
+Place clearPlace(const sockaddr_un &address) {
+    struct stat found {};
+    if (::lstat(address.sun_path, &found) < 0) {
+        return Place::Free; // or out of reach, as bind() will tell
+    }
+    if (!S_ISSOCK(found.st_mode)) {
+        return Place::NoSocket;
+    }
     const FileDescriptor probe = newSocket();
     const auto *general = reinterpret_cast<const sockaddr *>(&address);
-    const bool isAlive = ::connect(probe.get(), general, sizeof address) == 0 || errno == EAGAIN;
-    if (!isAlive && errno == ECONNREFUSED) {
+    if (::connect(probe.get(), general, sizeof address) == 0 || errno == EAGAIN) {
+        return Place::Alive;
+    }
+    if (errno == ECONNREFUSED) {
         ::unlink(address.sun_path);
     }
-    return !isAlive;
+    return Place::Free;
 }
 
 /// Nobody but us can connect before open() to others is what was asked for.
 bool bindClosed(int socket, const sockaddr_un &address) {
-    const mode_t before = ::umask(0777);
-    const int result = ::bind(socket, reinterpret_cast<const sockaddr *>(&address), sizeof address);
-    ::umask(before);
-    return result == 0;
+    const Umask all(0777);
+    return ::bind(socket, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0;
 }
 
 bool giveAccess(const SocketOptions &options) {
@@ -64,12 +95,10 @@ std::optional<Listener> Listener::open(const SocketOptions &options, std::string
         problem = options.path + ": no path for a socket";
         return std::nullopt;
     }
-    const std::string folder = options.path.substr(0, options.path.rfind('/') + 1);
-    if (!folder.empty()) {
-        ::mkdir(folder.c_str(), 0755);
-    }
-    if (!clearPlace(*address)) {
-        problem = options.path + ": another server listens there";
+    makeFolderOf(options.path);
+    if (const Place place = clearPlace(*address); place != Place::Free) {
+        problem = options.path + (place == Place::Alive ? ": another server listens there"
+                                                        : ": something that is no socket has that name");
         return std::nullopt;
     }
     FileDescriptor socket = newSocket();
@@ -85,8 +114,23 @@ std::optional<Listener> Listener::open(const SocketOptions &options, std::string
     return listener;
 }
 
+Listener::Listener(FileDescriptor socket, std::string path)
+    : _socket(std::move(socket)), _path(std::move(path)) {
+    struct stat made {};
+    if (::lstat(_path.c_str(), &made) == 0) {
+        _device = made.st_dev;
+        _inode = made.st_ino;
+    }
+}
+
+/// By now the path may name another server's socket. As long as ours is open its number is not given away.
+bool Listener::isOurs() const {
+    struct stat found {};
+    return ::lstat(_path.c_str(), &found) == 0 && found.st_dev == _device && found.st_ino == _inode;
+}
+
 Listener::~Listener() {
-    if (_socket.isValid()) {
+    if (_socket.isValid() && isOurs()) {
         ::unlink(_path.c_str());
     }
 }

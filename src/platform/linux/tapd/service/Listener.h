@@ -26,10 +26,14 @@ public:
     FileDescriptor accept() const;
 
 private:
-    Listener(FileDescriptor socket, std::string path) : _socket(std::move(socket)), _path(std::move(path)) {}
+    Listener(FileDescriptor socket, std::string path);
+
+    bool isOurs() const;
 
     FileDescriptor _socket;
     std::string _path;
+    dev_t _device = 0; // which file bind() made
+    ino_t _inode = 0;
 };
 
 } // namespace barquell::tapd
