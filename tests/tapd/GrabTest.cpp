@@ -144,6 +144,20 @@ TEST_F(GrabTest, ABarWhoseCloneFailsIsGivenBack) {
     EXPECT_EQ(linesWith("takes no more"), 1);
 }
 
+TEST_F(GrabTest, ABarThatFailedIsTriedAnewForTheNextTap) {
+    startTapping();
+    bar.cloneIsBroken = true;
+    tapAt(100);
+    judge(client, 1, true);
+    ASSERT_FALSE(bar.hasClone);
+    bar.cloneIsBroken = false;
+    destroy(client);
+    EXPECT_FALSE(bar.hasClone);
+    create(client);
+    announce(bar);
+    EXPECT_TRUE(bar.grabbed) << "though it was wanted all the time";
+}
+
 TEST_F(GrabTest, TheBarIsGivenBackSomeTimeAfterTheTap) {
     startTapping();
     destroy(client);

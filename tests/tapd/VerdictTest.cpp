@@ -152,14 +152,28 @@ TEST_F(VerdictTest, NoAnswerWithinASecondDisablesTheTap) {
     EXPECT_THAT(bar.seen, SizeIs(4));
 }
 
-TEST_F(VerdictTest, EachFrameHasASecondOfItsOwn) {
-    tapAt(100);
+TEST_F(VerdictTest, EachFrameHasASecondFromWhenItWasSent) {
+    bar.down(0, 100);
+    report(bar);
     later(900ms);
+    bar.up(0);
+    report(bar);
     judge(client, 1, true);
+    EXPECT_EQ(server.deadline(), now + kVerdictLimit);
     later(900ms);
     judge(client, 2, true);
     EXPECT_THAT(client.takeTypes(), ElementsAre(ServerMessageType::Frame, ServerMessageType::Frame));
     EXPECT_EQ(server.deadline(), std::nullopt);
+}
+
+TEST_F(VerdictTest, AnAnswerToOneFrameBuysTheNextNoTime) {
+    tapAt(100);
+    client.take();
+    later(900ms);
+    judge(client, 1, true);
+    later(100ms);
+    EXPECT_THAT(client.takeTypes(), ElementsAre(ServerMessageType::DisabledByTimeout));
+    EXPECT_THAT(bar.seen, ElementsAre(Positions{100}, Positions{}));
 }
 
 TEST_F(VerdictTest, EnablingAgainAsksAgain) {

@@ -28,6 +28,14 @@ void BarRelay::setWanted(bool wanted, Time now) {
     settle(now);
 }
 
+void BarRelay::retry(Time now) {
+    if (_wanted && _failed) {
+        _failed = false;
+        resync(now);
+        settle(now);
+    }
+}
+
 void BarRelay::cloneAppeared(Time now) {
     _cloneKnown = _hasClone;
     settle(now);

@@ -46,6 +46,9 @@ public:
 
     void setWanted(bool wanted, Time now);
 
+    /// Where it is wanted and has failed, tries anew.
+    void retry(Time now);
+
     /// udev has told everybody of the clone.
     void cloneAppeared(Time now);
 
@@ -79,7 +82,7 @@ private:
     bool _hasClone = false;
     bool _cloneKnown = false;
     bool _grabbed = false;
-    bool _failed = false; // not tried again until it is wanted anew
+    bool _failed = false; // not tried again until somebody asks anew
     bool _toldOfGrab = false;
 };
 

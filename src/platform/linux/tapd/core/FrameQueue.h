@@ -9,6 +9,7 @@ namespace barquell::tapd {
 /// A frame that waits for its verdict.
 struct PendingFrame {
     std::uint64_t number = 0;
+    Time sent;
     BarRelay *bar = nullptr; ///< nullptr where it was unplugged meanwhile
     evdev::Contacts contacts;
     std::int64_t time = 0;
@@ -31,7 +32,6 @@ public:
     bool isFull() const { return _count == kRoom; }
     /// Is there no room left for what a single read of a bar can bring?
     bool isCrowded() const { return _count + kRoomForOneRead > kRoom; }
-    std::size_t count() const { return _count; }
 
     /// Not of an empty queue.
     PendingFrame &front() { return _frames.at(_first); }

@@ -28,9 +28,6 @@ void Tap::frame(BarRelay &bar, const BarFrame &frame, Time now) {
         bar.pass(frame.contacts, frame.time, frame.timestamp);
         return;
     }
-    if (_queue.isEmpty()) {
-        _waitingSince = now;
-    }
     if (_queue.isFull() || !_owner->tell(messageOf(frame))) {
         // So much unread can only be a client that does not answer.
         disableByTimeout();
@@ -39,6 +36,7 @@ void Tap::frame(BarRelay &bar, const BarFrame &frame, Time now) {
     }
     PendingFrame &pending = _queue.push();
     pending.number = ++_lastNumber;
+    pending.sent = now;
     pending.bar = &bar;
     pending.contacts = frame.contacts;
     pending.time = frame.time;
@@ -63,7 +61,7 @@ bool Tap::isPast(std::uint64_t frame) const {
     return frame > 0 && frame <= _lastNumber && (_queue.isEmpty() || frame < _queue.front().number);
 }
 
-bool Tap::judge(std::uint64_t frame, bool pass, Time now) {
+bool Tap::judge(std::uint64_t frame, bool pass) {
     if (_queue.isEmpty() || frame != _queue.front().number) {
         return isPast(frame);
     }
@@ -74,7 +72,6 @@ bool Tap::judge(std::uint64_t frame, bool pass, Time now) {
         pending.bar->swallow(pending.contacts, pending.time);
     }
     _queue.pop();
-    _waitingSince = now;
     return true;
 }
 
@@ -91,7 +88,7 @@ std::optional<Time> Tap::deadline() const {
     if (_queue.isEmpty()) {
         return std::nullopt;
     }
-    return _waitingSince + std::chrono::microseconds(protocol::kVerdictLimit);
+    return _queue.front().sent + std::chrono::microseconds(protocol::kVerdictLimit);
 }
 
 bool Tap::advance(Time now) {

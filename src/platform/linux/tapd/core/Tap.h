@@ -25,7 +25,7 @@ public:
     void setEnabled(bool enabled);
 
     /// False where it is not the frame's turn.
-    bool judge(std::uint64_t frame, bool pass, Time now);
+    bool judge(std::uint64_t frame, bool pass);
 
     /// Is no verdict awaited on the frame any more, though there was such a frame?
     bool isPast(std::uint64_t frame) const;
@@ -37,7 +37,6 @@ public:
 
     /// The bars are then not to be read: what they report waits in the kernel.
     bool isCrowded() const { return _queue.isCrowded(); }
-    std::size_t framesOut() const { return _queue.count(); }
 
     std::optional<Time> deadline() const;
     /// Disables the tap where its client took too long; true where that just happened.
@@ -54,7 +53,6 @@ private:
     bool _enabled = false;
     FrameQueue _queue;
     std::uint64_t _lastNumber = 0; // never starts again, so a late verdict is known as such
-    Time _waitingSince;            // for the oldest frame's verdict
 };
 
 } // namespace barquell::tapd

@@ -67,7 +67,7 @@ bool TapServer::handleTap(Client &client, const ClientMessage &message, Time now
         _tap.setEnabled(message.on != 0);
         return true;
     case ClientMessageType::Verdict:
-        return _tap.judge(message.frame, message.on != 0, now);
+        return _tap.judge(message.frame, message.on != 0);
     case ClientMessageType::DestroyTap:
         closeTap(now);
         return true;
@@ -84,6 +84,9 @@ void TapServer::createTap(Client &client, EventMask mask, Time now) {
     }
     _tap.open(client, mask);
     _log.line(client.link().name() + ": has the tap");
+    for (const auto &bar : _bars) {
+        bar->retry(now); // where the tap before has just ended, it has been wanted all along
+    }
     updateWanted(now);
     if (!client.tapCreated()) {
         drop(client, "does not listen", now);
