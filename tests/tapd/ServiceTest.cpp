@@ -1,3 +1,4 @@
+#include "platform/linux/tapd/kernel/EventReader.h"
 #include "platform/linux/tapd/service/Connection.h"
 #include "platform/linux/tapd/service/DeadlineTimer.h"
 #include "platform/linux/tapd/service/LineLimit.h"
@@ -228,6 +229,13 @@ TEST(FileDescriptor, ItClosesWhatItOwns) {
         ASSERT_GE(::fcntl(number, F_GETFD), 0);
     }
     EXPECT_LT(::fcntl(number, F_GETFD), 0);
+}
+
+TEST(EventReader, ADeviceThatNeverFallsSilentIsForgottenForNow) {
+    const FileDescriptor endless(::open("/dev/zero", O_RDONLY | O_CLOEXEC));
+    forgetEvents(endless.get());
+    EventBatch batch;
+    EXPECT_FALSE(readEvents(endless.get(), batch).events.empty()) << "or it was not tried";
 }
 
 TEST(Poller, KeyboardsGoBeforeClientsAndClientsBeforeBars) {

@@ -15,6 +15,10 @@ struct ReadResult {
     bool isGone = false;                       ///< the device was unplugged
 };
 
+/// Forgets what waits to be read, but no more than a node can hold: a device that reports faster than it is
+/// read would keep us for ever.
+void forgetEvents(int node);
+
 /// Reads from an evdev node that does not wait.
 ReadResult readEvents(int node, EventBatch &batch);
 

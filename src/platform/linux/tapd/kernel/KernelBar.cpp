@@ -20,9 +20,7 @@ std::optional<BarState> KernelBar::state() {
     constexpr int kTries = 3;
     std::optional<BarState> state;
     for (int i = 0; i < kTries; ++i) {
-        EventBatch forgotten;
-        for (ReadResult result = read(forgotten); !result.events.empty(); result = read(forgotten)) {
-        }
+        forgetEvents(_node.get());
         state = heldSlots(_node.get(), _description);
         pollfd more{_node.get(), POLLIN, 0};
         if (::poll(&more, 1, 0) == 0) {

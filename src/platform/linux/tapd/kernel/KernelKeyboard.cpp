@@ -44,11 +44,7 @@ std::optional<KernelKeyboard> KernelKeyboard::of(FileDescriptor node) {
     if (!hideAllButModifiers(node.get())) {
         return std::nullopt;
     }
-    // Keys that were struck before the mask was there.
-    EventBatch forgotten;
-    for (ReadResult result = readEvents(node.get(), forgotten); !result.events.empty();
-         result = readEvents(node.get(), forgotten)) {
-    }
+    forgetEvents(node.get()); // keys that were struck before the mask was there
     return KernelKeyboard(std::move(node));
 }
 

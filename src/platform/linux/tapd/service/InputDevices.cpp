@@ -32,7 +32,7 @@ void InputDevices::found(const FoundDevice &device) {
         return;
     }
     FileDescriptor node(::open(device.path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
-    const auto description = describe(node.get());
+    const auto description = node.isValid() ? describe(node.get()) : std::nullopt;
     if (!description) {
         if (errno != ENOENT && errno != ENODEV) { // it may have gone meanwhile
             _log.line(device.path + ": left alone, " + std::strerror(errno));
@@ -70,6 +70,7 @@ void InputDevices::addBar(FileDescriptor node, const evdev::DeviceDescription &d
     if (!_poller.add(Source::Bar, key) ||
         !_server.barAdded(description, bar.device, std::chrono::steady_clock::now())) {
         _bars.erase(key);
+        _leftAlone = true;
     }
 }
 
@@ -77,6 +78,7 @@ void InputDevices::addKeyboard(FileDescriptor node, const evdev::DeviceDescripti
                                const std::string &sysname) {
     if (_keyboards.size() == kMaximumKeyboards) {
         _log.line(description.name + ": left alone, there are too many keyboards");
+        _leftAlone = true;
         return;
     }
     auto device = KernelKeyboard::of(std::move(node));
@@ -96,12 +98,17 @@ void InputDevices::readBar(int node, Time now) {
     if (bar == _bars.end()) {
         return;
     }
+    // Another bar of the same turn may have taken the room. One that is not read at all is here for its end.
+    if (bar->second.isRead && !_server.reads(bar->second.device)) {
+        return;
+    }
     EventBatch batch;
     const ReadResult result = bar->second.device.read(batch);
     if (result.isGone) {
         _log.line(bar->second.device.description().name + ": unplugged");
         _server.barRemoved(bar->second.device);
         _bars.erase(bar);
+        _roomAgain = true;
     } else if (!result.events.empty()) {
         _server.barRead(bar->second.device, result.events, now);
     }
@@ -117,6 +124,7 @@ void InputDevices::readKeyboard(int node) {
     if (result.isGone) {
         _server.keyboardRemoved(node);
         _keyboards.erase(keyboard);
+        _roomAgain = true;
         return;
     }
     _server.keyboardRead(node, result.events);
@@ -128,7 +136,15 @@ void InputDevices::readKeyboard(int node) {
     }
 }
 
+/// Those that were left alone for lack of room get what a device that has gone had.
+void InputDevices::fillRoom() {
+    if (std::exchange(_roomAgain, false) && std::exchange(_leftAlone, false)) {
+        _watch->scan();
+    }
+}
+
 void InputDevices::updateWanted() {
+    fillRoom();
     for (auto &[node, bar] : _bars) {
         const bool wanted = _server.reads(bar.device);
         if (wanted != bar.isRead) {

@@ -48,6 +48,7 @@ private:
     };
 
     void found(const FoundDevice &device);
+    void fillRoom();
     bool isKnown(const std::string &sysname) const;
     void foundClone(const std::string &sysname);
     void addBar(FileDescriptor node, const evdev::DeviceDescription &description, const std::string &sysname);
@@ -61,6 +62,8 @@ private:
     CloneYard _yard;
     std::map<int, Bar> _bars; // by their nodes' descriptors
     std::map<int, Keyboard> _keyboards;
+    bool _leftAlone = false; // a device, for lack of room
+    bool _roomAgain = false;
 };
 
 } // namespace barquell::tapd

@@ -25,7 +25,6 @@ class Poller {
 public:
     Poller();
 
-    bool isValid() const { return _epoll.isValid(); }
     bool add(Source source, int descriptor) const;
     /// Its end is noticed also where neither is wanted.
     void want(Source source, int descriptor, bool read, bool write) const;
