@@ -51,6 +51,7 @@ public:
     }
     void close() override { closed = true; }
     const std::string &name() const override { return _name; }
+    std::uint32_t user() const override { return 1000; }
 
     ServerMessage last;
     bool closed = false;

@@ -136,7 +136,9 @@ TEST_F(ClientsTest, TheTapsLateVerdictsAreIgnoredAfterItsEnd) {
 TEST_F(ClientsTest, ThereIsRoomForSixteen) {
     std::vector<std::unique_ptr<FakeLink>> links;
     for (std::size_t i = 0; i < tapd::TapServer::kMaximumClients; ++i) {
-        hello(*links.emplace_back(std::make_unique<FakeLink>()));
+        links.push_back(std::make_unique<FakeLink>());
+        links.back()->uid = static_cast<std::uint32_t>(i);
+        hello(*links.back());
     }
     connect(other);
     expectRefused(other, Refusal::Busy);
@@ -144,6 +146,59 @@ TEST_F(ClientsTest, ThereIsRoomForSixteen) {
     server.disconnected(*links[3], now);
     hello(client);
     EXPECT_FALSE(client.closed);
+}
+
+TEST_F(ClientsTest, OneUserLeavesTheOthersRoom) {
+    std::vector<std::unique_ptr<FakeLink>> links;
+    for (std::size_t i = 0; i < tapd::TapServer::kMaximumClientsOfAUser; ++i) {
+        hello(*links.emplace_back(std::make_unique<FakeLink>()));
+    }
+    connect(client);
+    expectRefused(client, Refusal::Busy);
+    EXPECT_TRUE(client.closed);
+    other.uid = 1001;
+    hello(other);
+    EXPECT_FALSE(other.closed);
+}
+
+TEST_F(ClientsTest, WhoAsksForATakenTapAgainAndAgainIsToldOfOnceATap) {
+    startTapping();
+    hello(other);
+    const std::size_t before = log.lines.size();
+    for (int i = 0; i < 10; ++i) {
+        create(other);
+    }
+    EXPECT_EQ(log.lines.size(), before + 1);
+    destroy(client);
+    create(client);
+    create(other);
+    EXPECT_EQ(log.lines.back(), "a client: the tap is taken") << "it is another tap";
+}
+
+TEST_F(ClientsTest, WhoComesBackWithAnotherVersionIsToldOfOnce) {
+    ClientMessage message;
+    message.type = ClientMessageType::Hello;
+    message.version = kVersion + 1;
+    for (int i = 0; i < 10; ++i) {
+        FakeLink link;
+        connect(link);
+        say(link, message);
+        EXPECT_TRUE(link.closed);
+    }
+    EXPECT_THAT(log.lines, SizeIs(1));
+    other.uid = 1001;
+    connect(other);
+    say(other, message);
+    EXPECT_THAT(log.lines, SizeIs(2)) << "somebody else";
+}
+
+TEST(ToldOnce, ItsTableIsBounded) {
+    tapd::ToldOnce told;
+    for (std::uint32_t user = 0; user <= tapd::ToldOnce::kRoom; ++user) {
+        EXPECT_TRUE(told.isNews(user, "why"));
+    }
+    EXPECT_FALSE(told.isNews(tapd::ToldOnce::kRoom, "why"));
+    EXPECT_TRUE(told.isNews(0, "why")) << "the oldest made room";
 }
 
 TEST_F(ClientsTest, EverybodyHearsOfModifiersOnce) {

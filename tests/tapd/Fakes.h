@@ -28,12 +28,14 @@ public:
     }
     void close() override { closed = true; }
     const std::string &name() const override { return _name; }
+    std::uint32_t user() const override { return uid; }
 
     /// What was heard since this was last asked.
     std::vector<protocol::ServerMessage> take() { return std::exchange(heard, {}); }
     std::vector<protocol::ServerMessageType> takeTypes();
 
     std::vector<protocol::ServerMessage> heard;
+    std::uint32_t uid = 1000;
     bool full = false;
     bool closed = false;
 

@@ -41,6 +41,9 @@ public:
     /// Who it is, for the log.
     virtual const std::string &name() const = 0;
 
+    /// Whose it is.
+    virtual std::uint32_t user() const = 0;
+
 protected:
     ClientLink() = default;
     ClientLink(const ClientLink &) = default;

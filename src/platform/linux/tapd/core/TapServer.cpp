@@ -8,15 +8,36 @@ using protocol::ClientMessage;
 using protocol::ClientMessageType;
 using protocol::Refusal;
 
+namespace {
+
+constexpr std::string_view kTooMany = "refused, too many clients";
+constexpr std::string_view kTaken = "the tap is taken";
+
+} // namespace
+
 void TapServer::connected(ClientLink &link, Time now) {
     Client client(link, now);
-    if (_clients.size() == kMaximumClients) {
+    if (!hasRoomFor(link)) {
         client.refuse(Refusal::Busy);
         link.close();
-        _log.line(link.name() + ": refused, too many clients");
+        tell(link, kTooMany);
         return;
     }
     _clients.push_back(std::make_unique<Client>(client));
+}
+
+bool TapServer::hasRoomFor(const ClientLink &link) const {
+    const auto ofTheUser = std::count_if(_clients.begin(), _clients.end(), [&link](const auto &client) {
+        return client->link().user() == link.user();
+    });
+    return _clients.size() < kMaximumClients && static_cast<std::size_t>(ofTheUser) < kMaximumClientsOfAUser;
+}
+
+/// Once, until the user's clients fare better.
+void TapServer::tell(const ClientLink &link, std::string_view what) {
+    if (_told.isNews(link.user(), what)) {
+        _log.line(link.name() + ": " + std::string(what));
+    }
 }
 
 TapServer::Clients::iterator TapServer::find(const ClientLink &link) {
@@ -32,7 +53,7 @@ void TapServer::received(ClientLink &link, std::span<const std::byte> packet, Ti
     if (const auto message = protocol::decodeClientMessage(packet)) {
         handle(**client, *message, now);
     } else {
-        refuse(**client, Refusal::Malformed, "sent a packet that means nothing", now);
+        refuse(**client, Refusal::Malformed, "dropped, sent a packet that means nothing", now);
     }
     publish();
 }
@@ -40,15 +61,15 @@ void TapServer::received(ClientLink &link, std::span<const std::byte> packet, Ti
 void TapServer::handle(Client &client, const ClientMessage &message, Time now) {
     const bool isHello = message.type == ClientMessageType::Hello;
     if (isHello && message.version != protocol::kVersion) {
-        refuse(client, Refusal::Version, "speaks another version", now);
+        refuse(client, Refusal::Version, "dropped, speaks another version", now);
     } else if (isHello == client.isWelcome()) {
-        refuse(client, Refusal::Malformed, "said hello too late or twice", now);
+        refuse(client, Refusal::Malformed, "dropped, said hello too late or twice", now);
     } else if (isHello) {
         if (!client.welcome(_state)) {
-            drop(client, "does not listen", now);
+            drop(client, "dropped, does not listen", now);
         }
     } else if (!handleTap(client, message, now)) {
-        refuse(client, Refusal::Malformed, "spoke out of turn", now);
+        refuse(client, Refusal::Malformed, "dropped, spoke out of turn", now);
     }
 }
 
@@ -79,22 +100,24 @@ bool TapServer::handleTap(Client &client, const ClientMessage &message, Time now
 void TapServer::createTap(Client &client, EventMask mask, Time now) {
     if (_tap.isOpen()) {
         client.refuse(Refusal::Busy);
-        _log.line(client.link().name() + ": the tap is taken");
+        tell(client.link(), kTaken);
         return;
     }
     _tap.open(client, mask);
+    _told.forget(client.link().user());
     _log.line(client.link().name() + ": has the tap");
     for (const auto &bar : _bars) {
         bar->retry(now); // where the tap before has just ended, it has been wanted all along
     }
     updateWanted(now);
     if (!client.tapCreated()) {
-        drop(client, "does not listen", now);
+        drop(client, "dropped, does not listen", now);
     }
 }
 
 void TapServer::closeTap(Time now) {
     _tap.close();
+    _told.forget(kTaken);
     _log.line("the tap has ended");
     _lingerUntil = now + std::chrono::microseconds(protocol::kGrabLinger);
     updateWanted(now);
@@ -107,7 +130,7 @@ void TapServer::refuse(Client &client, Refusal reason, std::string_view why, Tim
 
 void TapServer::drop(Client &client, std::string_view why, Time now) {
     ClientLink &link = client.link();
-    _log.line(link.name() + ": dropped, " + std::string(why));
+    tell(link, why);
     forget(find(link), now);
     link.close();
 }
@@ -221,7 +244,7 @@ void TapServer::advance(Time now) {
     };
     for (auto late = std::find_if(_clients.begin(), _clients.end(), isLate); late != _clients.end();
          late = std::find_if(_clients.begin(), _clients.end(), isLate)) {
-        drop(**late, "said no hello", now);
+        drop(**late, "dropped, said no hello", now);
     }
     publish();
 }

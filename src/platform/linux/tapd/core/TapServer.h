@@ -3,6 +3,7 @@
 #include "platform/linux/tapd/core/Client.h"
 #include "platform/linux/tapd/core/Keyboards.h"
 #include "platform/linux/tapd/core/Tap.h"
+#include "platform/linux/tapd/core/ToldOnce.h"
 
 #include <memory>
 
@@ -16,6 +17,7 @@ namespace barquell::tapd {
 class TapServer {
 public:
     static constexpr std::size_t kMaximumClients = 16;
+    static constexpr std::size_t kMaximumClientsOfAUser = 4; // or one would leave the others no room
     static constexpr std::size_t kMaximumBars = 4;
 
     explicit TapServer(Log &log) : _log(log), _tap(_state) {}
@@ -54,6 +56,8 @@ private:
     bool handleTap(Client &client, const protocol::ClientMessage &message, Time now);
     void createTap(Client &client, EventMask mask, Time now);
     void closeTap(Time now);
+    bool hasRoomFor(const ClientLink &link) const;
+    void tell(const ClientLink &link, std::string_view what);
     void refuse(Client &client, protocol::Refusal reason, std::string_view why, Time now);
     void drop(Client &client, std::string_view why, Time now);
     void forget(Clients::iterator client, Time now);
@@ -61,6 +65,7 @@ private:
     void publish();
 
     Log &_log;
+    ToldOnce _told;
     PublicState _state;
     Clients _clients;
     Keyboards _keyboards;

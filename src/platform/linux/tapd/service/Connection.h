@@ -23,10 +23,12 @@ public:
     bool send(const protocol::ServerMessage &message) override;
     void close() override { _closed = true; }
     const std::string &name() const override { return _name; }
+    std::uint32_t user() const override { return _user; }
 
 private:
     FileDescriptor _socket;
     std::string _name;
+    std::uint32_t _user = 0;
     bool _closed = false;
 };
 
