@@ -38,7 +38,8 @@ def measure(probe: Lines, name: str, node: str) -> None:
     probe.say(f"{name} {node}")
 
     def answers() -> list:
-        seen = [line.split()[1:] for line in probe.lines() if line.startswith(name + " ")]
+        whole = probe.read().split("\n")[:-1]
+        seen = [line.split()[1:] for line in whole if line.startswith(name + " ")]
         return seen[len(rounds) :]
 
     rounds.append([float(word) for word in until(f"{name} is measured", answers)[0]])

@@ -1,5 +1,6 @@
 #include "platform/linux/tapd/kernel/UinputDevice.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
