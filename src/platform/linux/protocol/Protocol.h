@@ -23,15 +23,15 @@
 ///  5. While the tap is enabled and its mask names EventType::Gesture, each frame of each bar is sent as
 ///     Frame and waits for its Verdict. Several may be out at a time; verdicts come in the order of the
 ///     frames.
-///  6. A frame without its Verdict kVerdictLimit after it was sent: all frames out pass, the tap is disabled, and
-///     DisabledByTimeout is sent. SetEnabled{true} enables it again.
+///  6. A frame without its Verdict kVerdictLimit after it was sent: all frames out pass, the tap is
+///     disabled, and DisabledByTimeout is sent. SetEnabled{true} enables it again.
 ///  7. Frames out when the client disables or destroys its tap pass. Verdicts on them that come late are
 ///     ignored; numbers never repeat on a connection.
 ///  8. DestroyTap is not answered. A client that goes away has destroyed its tap. A CreateTap that follows
 ///     within kGrabLinger finds the bars still grabbed.
-///  9. A packet that decode refuses, a second Hello, anything before Hello, a tap's message without a tap (late
-///     verdicts excepted), or a verdict out of turn: Refused{Malformed}, and the connection is closed.
-/// 10. There is room for 16 clients, 4 of one user; one more is told Refused{Busy} instead of Welcome, and closed.
+///  9. A packet that decode refuses, a second Hello, anything before Hello, a tap's message without a tap
+///     (late verdicts excepted), or a verdict out of turn: Refused{Malformed}, and the connection is closed.
+/// 10. There is room for 16 clients, 4 of one user; one more is told Refused{Busy} instead of Welcome.
 namespace barquell::protocol {
 
 inline constexpr std::uint32_t kVersion = 1;
