@@ -1,9 +1,12 @@
 #include "platform/linux/tapd/service/SystemLog.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <syslog.h>
+#include <unistd.h>
 
 namespace barquell::tapd {
 
@@ -36,8 +39,10 @@ void SystemLog::writeToSystem(const std::string &text) const {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
     _systemSocket.copy(address.sun_path, sizeof address.sun_path - 1);
-    const std::string packet = "<" + std::to_string(LOG_DAEMON | LOG_NOTICE) + ">barquell-tapd[" +
-                               std::to_string(::getpid()) + "]: " + text;
+    std::array<char, 64> head{}; // RFC 3164: priority and tag
+    std::snprintf(head.data(), head.size(), "<%d>barquell-tapd[%d]: ", LOG_DAEMON | LOG_NOTICE,
+                  static_cast<int>(::getpid()));
+    const std::string packet = head.data() + text;
     ::sendto(_system.get(), packet.data(), packet.size(), MSG_DONTWAIT | MSG_NOSIGNAL,
              reinterpret_cast<const sockaddr *>(&address), sizeof address);
 }
