@@ -9,7 +9,7 @@
 namespace barquell::evdev {
 
 /// Translates what a bar's node reports to frames of touches. It allocates nothing. Events that it does not
-/// know, slots out of range change nothing; axes of a slot without a contact count when one begins.
+/// know and slots out of range change nothing; axes of a slot without a contact count once one begins.
 class TouchReader {
 public:
     /// For a device that isTouchBar().
