@@ -29,7 +29,7 @@ protected:
 
     FakeServer server;
     SocketTrust trust{server.path(), place().platform.notifications};
-    std::unique_ptr<DistributedNotifications::Observation> observation;
+    std::unique_ptr<Observation> observation;
     int told = 0;
 };
 

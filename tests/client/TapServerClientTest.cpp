@@ -118,6 +118,29 @@ TEST_F(TapServerClientTest, AFrameThatIsNotForTheCallbackPasses) {
     EXPECT_THAT(calls().types, IsEmpty());
 }
 
+TEST_F(TapServerClientTest, AFrameThatTheMaskLeavesOutPasses) {
+    tap = client.create(maskOf(EventType::FlagsChanged), callback);
+    source = tap->createRunLoopSource();
+    tap->setEnabled(true);
+    source->addToMainRunLoop();
+    ASSERT_TRUE(server.accept());
+    server.next(); // hello
+    server.next(); // create
+    server.welcome();
+    server.send(frame(1, 1));
+    expectVerdict(1, true);
+    EXPECT_THAT(calls().types, IsEmpty());
+}
+
+TEST_F(TapServerClientTest, AFrameThatFindsNoTapPasses) {
+    install();
+    source.reset();
+    tap.reset();
+    EXPECT_EQ(server.next().type, ClientMessageType::DestroyTap);
+    server.send(frame(1, 1));
+    expectVerdict(1, true);
+}
+
 TEST_F(TapServerClientTest, DisablingAndEnablingGoesToTheServer) {
     install();
     tap->setEnabled(false);
@@ -223,6 +246,30 @@ TEST_F(TapServerClientTest, AServerThatDoesNotListenYetIsTriedAgain) {
     EXPECT_EQ(server.next().type, ClientMessageType::Hello);
 }
 
+TEST_F(TapServerClientTest, AServerThatHangsUpAndStaysIsTriedAgain) {
+    install();
+    server.hangUp(); // its folder does not change
+    EXPECT_TRUE(waitFor([&] {
+        place().loop.runPending();
+        return !log.lines.isEmpty();
+    }));
+    EXPECT_FALSE(server.isCalled());
+    place().loop.advanceBy(5s);
+    ASSERT_TRUE(server.accept());
+    EXPECT_EQ(server.next().type, ClientMessageType::Hello);
+}
+
+TEST_F(TapServerClientTest, AServerThatStaysAwayIsTriedLessAndLess) {
+    server.die();
+    tap = client.create(kMask, callback);
+    place().loop.advanceBy(80s); // tried in vain after 5, 15, 35 and 75 s
+    server.listen();
+    place().loop.advanceBy(70s);
+    EXPECT_FALSE(server.isCalled());
+    place().loop.advanceBy(10s); // and again after 155 s
+    EXPECT_TRUE(server.isCalled());
+}
+
 TEST_F(TapServerClientTest, ABusyServerIsAskedAgain) {
     tap = client.create(kMask, callback);
     ASSERT_TRUE(server.accept());
@@ -250,7 +297,8 @@ TEST_F(TapServerClientTest, AServerOfAnotherVersionIsSaidInOneLine) {
     }));
     EXPECT_FALSE(server.isCalled()); // only a new server can help
     EXPECT_THAT(log.lines,
-                ElementsAre(QStringLiteral("The tap server speaks version 9 and not 1; touches pass")));
+                ElementsAre(QStringLiteral("The tap server speaks version 9 and not %1; touches pass")
+                                .arg(protocol::kVersion)));
 }
 
 TEST_F(TapServerClientTest, AServerThatSpeaksNonsenseIsLeft) {

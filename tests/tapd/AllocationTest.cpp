@@ -1,34 +1,10 @@
 #include "evdev/Devices.h"
 #include "platform/linux/tapd/core/TapServer.h"
+#include "support/CountedAllocations.h"
 
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstdlib>
-#include <new>
-
-namespace {
-
-std::size_t allocations = 0;
-
-} // namespace
-
-// Each way to allocate that the event path could take ends here.
-// NOLINTBEGIN(cppcoreguidelines-owning-memory): beneath this there are no owners.
-void *operator new(std::size_t size) {
-    ++allocations;
-    if (void *memory = std::malloc(size)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-void operator delete(void *memory) noexcept {
-    std::free(memory);
-}
-void operator delete(void *memory, std::size_t /*size*/) noexcept {
-    std::free(memory);
-}
-// NOLINTEND(cppcoreguidelines-owning-memory)
 
 namespace barquell::test {
 
@@ -52,6 +28,7 @@ public:
     void close() override { closed = true; }
     const std::string &name() const override { return _name; }
     std::uint32_t user() const override { return 1000; }
+    std::int32_t process() const override { return 7; }
 
     ServerMessage last;
     bool closed = false;
@@ -121,14 +98,14 @@ TEST(AllocationTest, TheEventPathNeitherAllocatesNorLogs) {
     for (; round < 500; ++round) {
         play(round);
     }
-    const std::size_t before = allocations;
+    const std::size_t before = allocations();
     const int lines = log.lines;
     const std::size_t sent = port.sent;
     for (; round < 5000; ++round) {
         play(round);
     }
     EXPECT_GT(before, 0U) << "or nothing is counted";
-    EXPECT_EQ(allocations - before, 0U);
+    EXPECT_EQ(allocations() - before, 0U);
     EXPECT_EQ(log.lines - lines, 0);
     EXPECT_GT(port.sent - sent, 1000U) << "or nothing was tried";
     EXPECT_FALSE(link.closed);

@@ -40,6 +40,33 @@ TEST_F(ClientsTest, AWelcomeTellsHowThingsAre) {
     EXPECT_EQ(client.heard[0].barsGrabbed, 0);
 }
 
+TEST_F(ClientsTest, AWelcomeTellsWhoHasTheTap) {
+    startTapping();
+    hello(other);
+    EXPECT_EQ(other.heard.at(0).holder, client.pid);
+}
+
+TEST_F(ClientsTest, AWelcomeTellsThatNobodyHasTheTap) {
+    startTapping();
+    destroy(client);
+    hello(other);
+    EXPECT_EQ(other.heard.at(0).holder, kNobody);
+}
+
+TEST_F(ClientsTest, OfAnotherUsersProcessNobodyHearsMoreThanThatThereIsOne) {
+    startTapping();
+    other.uid = client.uid + 1;
+    hello(other);
+    EXPECT_EQ(other.heard.at(0).holder, kAnotherUser);
+}
+
+TEST_F(ClientsTest, RootHearsOfEveryUsersProcess) {
+    startTapping();
+    other.uid = 0;
+    hello(other);
+    EXPECT_EQ(other.heard.at(0).holder, client.pid);
+}
+
 TEST_F(ClientsTest, AnotherVersionIsRefused) {
     connect(client);
     ClientMessage message;

@@ -112,10 +112,10 @@ void TapdTest::plug(FakeBar &device) {
 void TapdTest::report(FakeBar &device) {
     auto events = device.report();
     if (!server.reads(device)) {
-        lost = true;
+        device.lost = true;
         return;
     }
-    if (std::exchange(lost, false)) {
+    if (std::exchange(device.lost, false)) {
         events.insert(events.begin(), {0, evdev::kEvSyn, evdev::kSynDropped, 0});
     }
     server.barRead(device, events, now);

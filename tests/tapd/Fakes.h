@@ -29,6 +29,7 @@ public:
     void close() override { closed = true; }
     const std::string &name() const override { return _name; }
     std::uint32_t user() const override { return uid; }
+    std::int32_t process() const override { return pid; }
 
     /// What was heard since this was last asked.
     std::vector<protocol::ServerMessage> take() { return std::exchange(heard, {}); }
@@ -36,6 +37,7 @@ public:
 
     std::vector<protocol::ServerMessage> heard;
     std::uint32_t uid = 1000;
+    std::int32_t pid = 7;
     bool full = false;
     bool closed = false;
 
@@ -64,6 +66,7 @@ public:
     bool sendToClone(std::span<const evdev::InputEvent> events) override;
 
     const evdev::DeviceDescription description;
+    bool lost = false; ///< what it reported last was not read
     bool unplugged = false;
     bool refusesGrab = false;
     bool refusesClone = false;
@@ -120,7 +123,6 @@ protected:
     FakeLink client;
     FakeLink other;
     tapd::TapServer server{log}; // goes before what it was given
-    bool lost = false;
 
     TapdTest();
 };

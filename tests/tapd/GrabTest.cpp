@@ -100,7 +100,7 @@ TEST_F(GrabTest, AFingerThatLeftWhileNobodyLookedIsNotWaitedFor) {
     later(kLinger);
     bar.up(0);
     report(bar);
-    ASSERT_TRUE(lost) << "a bar that nobody wants is not read";
+    ASSERT_TRUE(bar.lost) << "a bar that nobody wants is not read";
     create(client);
     announce(bar);
     EXPECT_TRUE(bar.grabbed);

@@ -74,6 +74,21 @@ TEST(Protocol, FieldsOfOtherMessagesAreZero) {
     EXPECT_FALSE(decodes(flags));
 }
 
+TEST(Protocol, AHolderIsAProcessOrOneOfTheTwoOthers) {
+    ServerMessage welcome;
+    welcome.type = ServerMessageType::Welcome;
+    for (const std::int32_t holder : {kAnotherUser, kNobody, 1, 4194304}) {
+        welcome.holder = holder;
+        EXPECT_TRUE(decodes(welcome)) << holder;
+    }
+    welcome.holder = -2;
+    EXPECT_FALSE(decodes(welcome));
+    ServerMessage bars;
+    bars.type = ServerMessageType::Bars;
+    bars.holder = 1;
+    EXPECT_FALSE(decodes(bars));
+}
+
 TEST(Protocol, OnIsATruthValue) {
     ClientMessage message = clientMessage(ClientMessageType::SetEnabled);
     message.on = 2;

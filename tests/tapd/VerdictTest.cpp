@@ -258,6 +258,19 @@ TEST_F(VerdictTest, LostEventsAreAskedFor) {
     EXPECT_THAT(bar.seen, ElementsAre(Positions{100, 900}, Positions{950}));
 }
 
+TEST_F(VerdictTest, WhatIsOlderThanTheAnswerAfterLostEventsIsNotRead) {
+    setEnabled(client, false);
+    bar.down(0, 100);
+    report(bar);
+    server.barRead(bar,
+                   std::vector<evdev::InputEvent>{{0, evdev::kEvSyn, evdev::kSynDropped, 0},
+                                                  {0, evdev::kEvSyn, evdev::kSynReport, 0},
+                                                  {0, evdev::kEvAbs, evdev::kAbsMtPositionX, 50},
+                                                  {0, evdev::kEvSyn, evdev::kSynReport, 0}},
+                   now);
+    EXPECT_THAT(bar.seen, ElementsAre(Positions{100}));
+}
+
 TEST_F(VerdictTest, TheFramesOfAnUnpluggedBarAreStillJudgedInTurn) {
     FakeBar second(t2Bar());
     plug(second);

@@ -6,7 +6,11 @@ import time
 import traceback
 
 import clients_checks
+import hard_checks
+import hid_checks
 import keyboard_checks
+import odd_bar_checks
+import one_command_checks
 import program_checks
 import server_checks
 import touch_checks
@@ -44,7 +48,8 @@ def run(name: str, check) -> bool:
 
 def main() -> int:
     checks = {}
-    for module in (touch_checks, clients_checks, keyboard_checks, server_checks, program_checks):
+    devices = (touch_checks, odd_bar_checks, hid_checks, keyboard_checks)
+    for module in (*devices, clients_checks, server_checks, program_checks, hard_checks, one_command_checks):
         checks.update({name: getattr(module, name) for name in module.ALL})
     wanted = sys.argv[1:] or list(checks)
     results = [run(name, checks[name]) for name in wanted]

@@ -5,8 +5,9 @@ import struct
 
 from reader import clones, until
 from touch_checks import require, tap
-from uinput import EV_KEY, Axis, Description, Device
-from world import World
+from world import World, checks_of
+
+VERSION = 2  # of the protocol
 
 
 def second_client_is_told_busy(world: World) -> None:
@@ -46,7 +47,7 @@ def nonsense_ends_one_client_alone(world: World) -> None:
     require(struct.unpack_from("III", early.recv(400))[::2] == (2, 3), "a tap before hello was not refused")
     other = world.connect()
     other.send(struct.pack("IIIIQQ", 1, 77, 0, 0, 0, 0))
-    require(struct.unpack_from("III", other.recv(400)) == (2, 1, 1), "a wrong version was not refused")
+    require(struct.unpack_from("III", other.recv(400)) == (2, VERSION, 1), "a wrong version was not refused")
     tap(bar, 100)
     good.wait_frames(2)
 
@@ -80,33 +81,87 @@ def crowd_of_clients(world: World) -> str:
     return f"{most} descriptors at most, {lines} lines, {growth} KiB more"
 
 
-def client_that_talks_without_end(world: World) -> None:
+class Takes:
+    """What the server takes more than at the start."""
+
+    def __init__(self, world: World):
+        self._server = world.server
+        self._descriptors = world.server.descriptors()
+        self._memory = self._own_memory()
+
+    def _own_memory(self) -> int:
+        return self._server.number("smaps_rollup", "Private_Dirty")
+
+    def require_little(self, descriptors: int) -> str:
+        opened = self._server.descriptors() - self._descriptors
+        growth = self._own_memory() - self._memory
+        require(opened <= descriptors, f"{opened} descriptors more")
+        require(growth < 256, f"{growth} KiB more")
+        return f"{opened} descriptors and {growth} KiB more"
+
+    def until_back(self) -> None:
+        until("their places are free", lambda: self._server.descriptors() == self._descriptors)
+
+
+HELLO = struct.pack("IIIIQQ", 1, VERSION, 0, 0, 0, 0)
+CREATE = struct.pack("IIIIQQ", 2, 0, 0, 0, 1 << 29, 0)
+
+
+def client_that_talks_without_end(world: World) -> str:
+    """Each word is answered, and no answer is read."""
     bar = world.plug("bar", "t2-bar")
     good = world.tapping("block")
+    takes = Takes(world)
     loud = world.connect()
-    loud.send(struct.pack("IIIIQQ", 1, 1, 0, 0, 0, 0))
-    create = struct.pack("IIIIQQ", 2, 0, 0, 0, 1 << 29, 0)
-    for _ in range(3000):  # each is answered, and no answer is read
+    loud.send(HELLO)
+    sent = 0
+    for _ in range(20000):
         try:
-            loud.send(create, socket.MSG_DONTWAIT)
+            loud.send(CREATE, socket.MSG_DONTWAIT)
+            sent += 1
         except (BlockingIOError, BrokenPipeError, ConnectionResetError):
             pass
+    require(sent > 1000, f"only {sent} words were taken")
     tap(bar, 100)
     good.wait_frames(2)
+    note = takes.require_little(descriptors=1)
+    lines = len(world.server.lines())
+    require(lines < 20, f"{lines} lines were logged")
+    loud.close()
+    takes.until_back()
+    return f"{sent} words: {note}, {lines} lines"
 
 
-def bar_that_cannot_be(world: World) -> None:
-    description = Description(
-        name="Mac99,9 Touch Bar", bus=3, properties=(1,), codes={EV_KEY: [0x14A]},
-        axes={0x35: Axis(5, 5), 0x36: Axis(0, 10), 0x2F: Axis(0, 9), 0x39: Axis(0, 65535)},
-    )  # fmt: skip
-    world.closing(Device(description))
-    line = "Mac99,9 Touch Bar: left alone, it calls itself a bar and cannot be one"
-    until("the server has looked at it", lambda: line in world.server.read())
-    world.plug("bar", "t2-bar")
-    world.tapping("block")
-    require(len(clones()) == 1, "it was cloned")
-    require(world.server.read().count(line) == 1, "more than one line was logged")
+def clients_that_say_and_hear_nothing(world: World) -> str:
+    """Some never say hello, one never reads what it is told."""
+    bar = world.plug("bar", "t2-bar")
+    keyboard = world.plug("keyboard", "keyboard")
+    good = world.tapping("block")
+    takes = Takes(world)
+    deaf = world.connect()
+    deaf.send(HELLO)
+    mute = [world.connect() for _ in range(3)]
+    for _ in range(2000):
+        keyboard.press(["LEFTSHIFT"])
+        keyboard.release(["LEFTSHIFT"])
+    tap(bar, 100)
+    good.wait_frames(2)
+    note = takes.require_little(descriptors=4)
+    until("the mute ones are dropped", lambda: all(has_ended(one) for one in mute))
+    require(world.server.read().count("said no hello") == 1, "more than one line of them was logged")
+    require(not has_ended(deaf), "the deaf one was dropped")
+    deaf.close()
+    for one in mute:
+        one.close()
+    takes.until_back()
+    return note
 
 
-ALL = [name for name, value in list(globals().items()) if getattr(value, "__annotations__", {}).get("world") is World]
+def has_ended(connection: socket.socket) -> bool:
+    try:
+        return connection.recv(1, socket.MSG_PEEK | socket.MSG_DONTWAIT) == b""
+    except BlockingIOError:
+        return False
+
+
+ALL = checks_of(globals())

@@ -1,7 +1,7 @@
 """What is heard of keyboards."""
 
 from touch_checks import require, tap
-from world import World
+from world import World, checks_of
 
 
 def letters_are_never_heard(world: World) -> str:
@@ -37,4 +37,4 @@ def modifiers_held_from_before_are_known(world: World) -> None:
     late.expect("flags 0")
 
 
-ALL = [name for name, value in list(globals().items()) if getattr(value, "__annotations__", {}).get("world") is World]
+ALL = checks_of(globals())

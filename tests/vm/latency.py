@@ -4,20 +4,21 @@ program, and through a pipeline of general tools where they are at hand. One run
 
 import glob
 import os
+import select
 import statistics
 import subprocess
 import sys
 
 from types import SimpleNamespace
 
-import reader
 from keyboard import Keyboard
 from models import KEYBOARDS
-from program_checks import Program, hold
+from program import Program, hold
 from reader import Failure, clones, until
 from world import Client, Lines, Server
 
 FRAMES = int(sys.argv[1]) if len(sys.argv) > 1 else 2000
+PATIENCE = 60.0  # seconds
 ROUNDS = 5  # what else the host does then falls on all alike
 TOOLS = "/out/tools"
 
@@ -35,14 +36,13 @@ def nodes() -> set:
 
 def measure(probe: Lines, name: str, node: str) -> None:
     rounds = results.setdefault(name, [])
+    before = len(probe.read())
     probe.say(f"{name} {node}")
-
-    def answers() -> list:
-        whole = probe.read().split("\n")[:-1]
-        seen = [line.split()[1:] for line in whole if line.startswith(name + " ")]
-        return seen[len(rounds) :]
-
-    rounds.append([float(word) for word in until(f"{name} is measured", answers)[0]])
+    # Asleep until the answer is there: whoever looks again and again is in the way of what he measures.
+    while not probe.read()[before:].endswith("\n"):
+        if not select.select([probe.process.stdout], [], [], PATIENCE)[0]:
+            raise Failure(f"{name} is not measured")
+    rounds.append([float(word) for word in probe.text[before:].split()[1:]])
     if len(rounds[-1]) < 2:
         raise Failure(f"{name}: {rounds[-1]}")
 
@@ -118,7 +118,6 @@ def main() -> None:
     probe.kill()
 
 
-reader.PATIENCE = 300.0
 results: dict = {}
 main()
 report()

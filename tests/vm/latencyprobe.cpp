@@ -1,3 +1,4 @@
+#include "evdev/Devices.h"
 #include "platform/linux/tapd/kernel/UinputDevice.h"
 
 #include <algorithm>
@@ -19,21 +20,6 @@ namespace {
 
 using namespace barquell;
 using Clock = std::chrono::steady_clock;
-
-evdev::DeviceDescription bar() {
-    evdev::DeviceDescription description;
-    description.name = "Apple Inc. Touch Bar Display Touchpad";
-    description.bus = evdev::kBusUsb;
-    description.vendor = 0x05ac;
-    description.product = 0x8302;
-    description.properties.set(evdev::kInputPropDirect);
-    description.keys.set(evdev::kBtnTouch);
-    description.axes[evdev::kAbsX] = description.axes[evdev::kAbsMtPositionX] = {0, 32767, 0, 0, 0};
-    description.axes[evdev::kAbsY] = description.axes[evdev::kAbsMtPositionY] = {0, 127, 0, 0, 0};
-    description.axes[evdev::kAbsMtSlot] = {0, 10, 0, 0, 0};
-    description.axes[evdev::kAbsMtTrackingId] = {0, 65535, 0, 0, 0};
-    return description;
-}
 
 bool send(const tapd::UinputDevice &device, std::vector<evdev::InputEvent> events) {
     events.push_back({0, evdev::kEvSyn, evdev::kSynReport, 0});
@@ -96,7 +82,7 @@ bool measure(const tapd::UinputDevice &device, const std::string &name, const st
 int main(int argc, char **argv) {
     std::setvbuf(stdout, nullptr, _IOLBF, 0);
     const int frames = argc == 2 ? std::atoi(argv[1]) : 0;
-    const auto device = tapd::UinputDevice::create(bar(), "latencyprobe");
+    const auto device = tapd::UinputDevice::create(test::t2Bar(), "latencyprobe");
     if (!device || frames <= 0) {
         std::fprintf(stderr, "usage: latencyprobe FRAMES, as root\n");
         return 2;

@@ -1,123 +1,17 @@
 """The real program as an ordinary user in front of the real server: what a person gets."""
 
-import json
 import os
-import shutil
 import signal
-import subprocess
-import tempfile
 import time
 
-import yaml
-from reader import BTN_TOUCH, EV_ABS, EV_KEY, ID, X, Failure, Libinput, clones, held, until
+from program import FN, Program, blocked, hold, let_go, mark, passes, settle, started, with_bar
+from reader import EV_ABS, ID, X, Libinput, clones, held, until
+from recorders import Recorder, emulated_events, frames_of, play, yaml_events
 from touch_checks import MARK, require, tap
-from world import NOBODY, SOCKET, Lines, Server, World
+from world import SOCKET, Server, World
 
-EV_SYN, EV_MSC = 0, 4
-REPEAT = 2
-RIGHT_COMMAND, LEFT_COMMAND, FN = "RIGHTMETA", "LEFTMETA", "FN"
-
-
-class Program(Lines):
-    """`barquell`, with a home of its own."""
-
-    def __init__(self, world: World):
-        self.home = tempfile.mkdtemp()
-        os.chown(self.home, NOBODY, NOBODY)
-        world.closing(self)
-        super().__init__(["/out/barquell"], **self._as_user())
-
-    def _as_user(self) -> dict:
-        environment = {**os.environ, "HOME": self.home, "XDG_CONFIG_HOME": self.home, "XDG_RUNTIME_DIR": self.home}
-        return {"user": NOBODY, "group": NOBODY, "env": environment}
-
-    def run(self, *words: str) -> subprocess.CompletedProcess:
-        """The program once more, as the same user."""
-        return subprocess.run(
-            ["/out/barquell", *words], capture_output=True, text=True, check=False, **self._as_user()
-        )
-
-    def command(self, *words: str) -> str:
-        return self.run(*words).stdout
-
-    def defaults(self, *words: str) -> None:
-        self.command("defaults", *words)
-
-    def status(self) -> dict:
-        return json.loads(self.command("status", "--json"))
-
-    def holds(self, bars: int) -> None:
-        until(f"{bars} bars are held", lambda: self.status()["barsGrabbed"] == bars)
-
-    def close(self) -> None:
-        if self.process.poll() is None:
-            self.signal(signal.SIGCONT)
-            self.kill()
-        shutil.rmtree(self.home)
-
-
-def started(world: World, bars: int = 1) -> Program:
-    program = Program(world)
-    program.expect("Blocking is in force (the pause keys)")
-    program.holds(bars)
-    return program
-
-
-def with_bar(world: World):
-    """A bar, a keyboard, the program, and who reads the clone."""
-    bar = world.plug("bar", "t2-bar")
-    keyboard = world.plug("keyboard", "keyboard")
-    program = started(world)
-    return bar, keyboard, program, world.reader(world.clone())
-
-
-def rested(process) -> tuple:
-    """Whether it sleeps, and how often it has woken up so far."""
-    with open(f"/proc/{process.pid}/status", encoding="utf-8") as file:
-        fields = dict(line.split(":", 1) for line in file)
-    return "S" in fields["State"], fields["voluntary_ctxt_switches"]
-
-
-def settle(*processes) -> None:
-    """Until they have slept through for a while: all that they were given is done. What a keyboard says overtakes what
-    a bar said before, as long as nobody has read it, and a touch that is swallowed leaves no other trace."""
-
-    def slept() -> bool:
-        before = [rested(process) for process in processes]
-        time.sleep(0.05)
-        return all(asleep for asleep, _ in before) and before == [rested(process) for process in processes]
-
-    until("all is quiet", slept)
-
-
-def hold(program, keyboard, *keys: str) -> None:
-    """Presses pause keys, and waits until they count."""
-    count = program.read().count("Blocking is suspended")
-    keyboard.press(keys)
-    until("the pause keys count", lambda: program.read().count("Blocking is suspended") > count)
-
-
-def let_go(program, keyboard, *keys: str) -> None:
-    count = program.read().count("Blocking is in force")
-    keyboard.release(keys)
-    until("the pause keys count no more", lambda: program.read().count("Blocking is in force") > count)
-
-
-def mark(world: World, program, reader) -> None:
-    """A touch under Fn, which passes; what came before it would have been seen as well."""
-    bar, keyboard = world.session.devices["bar"], world.session.devices["keyboard"]
-    settle(world.server.process, program.process)
-    hold(program, keyboard, FN)
-    count = reader.values(EV_ABS, ID).count(-1)
-    tap(bar, MARK)
-    reader.expect(EV_ABS, X, MARK)
-    until("the mark has lifted", lambda: reader.values(EV_ABS, ID).count(-1) > count)
-    let_go(program, keyboard, FN)
-
-
-def passes(bar, reader, x: int) -> None:
-    tap(bar, x)
-    reader.expect(EV_ABS, X, x)
+EV_SYN = 0
+RIGHT_COMMAND, LEFT_COMMAND = "RIGHTMETA", "LEFTMETA"
 
 
 def program_blocks_and_fn_lets_through(world: World) -> None:
@@ -232,13 +126,6 @@ def stopped_program_blocks_again_when_it_continues(world: World) -> str:
     return f"passed after {waited:.2f} s"
 
 
-def blocked(world: World, program, reader) -> bool:
-    reader.forget()
-    tap(world.session.devices["bar"], 1234)
-    settle(world.server.process, program.process)
-    return not reader.read()
-
-
 def killed_server_frees_the_bar_and_a_new_one_is_found(world: World) -> None:
     bar, keyboard, program, _ = with_bar(world)
     real = world.reader(world.nodes["bar"])
@@ -299,6 +186,20 @@ def program_waits_for_a_busy_server(world: World) -> None:
     require(blocked(world, program, world.reader(world.clone())), "the touch passed")
 
 
+def doctor_knows_another_clients_tap(world: World) -> None:
+    world.plug("bar", "t2-bar")
+    other = world.tapping("pass")
+    program = Program(world)
+    program.expect("The tap server serves somebody else; touches pass until it is free")
+    report = program.command("doctor")
+    holder = f"process {other.process.pid}"
+    require(f"MISSING  the tap belongs to Barquell, not to {holder}" in report, report)
+    require(program.status()["tapHolder"] == holder, str(program.status()))
+    other.kill()
+    program.expect("The tap server has installed the tap")
+    require(program.status()["tapHolder"] == "Barquell", str(program.status()))
+
+
 def second_copy_is_refused(world: World) -> None:
     _, _, program, _ = with_bar(world)
     again = program.run()
@@ -313,74 +214,10 @@ def doctor_finds_what_is_missing(world: World) -> None:
     world.plug("bar", "t2-bar")
     program.holds(1)
     report = program.command("doctor")
-    require("MISSING" not in report, report)
-    require(report.count("ok ") == 5, report)
-
-
-def frames_of(recording: str) -> list:
-    """All frames of a recording by time: (microseconds, device, events)."""
-    with open(recording, encoding="utf-8") as file:
-        devices = yaml.load(file, yaml.CSafeLoader)["devices"]
-    frames = []
-    for number, device in enumerate(devices):
-        events = []
-        for item in device["events"]:
-            for sec, usec, kind, code, value in item["evdev"]:
-                if kind == EV_SYN:
-                    frames.append((sec * 1_000_000 + usec, number, events))
-                    events = []
-                elif not (kind == EV_KEY and value == REPEAT):  # the kernel repeats on its own
-                    events.append((kind, code, value))
-    return sorted(frames, key=lambda frame: frame[:2])
-
-
-def play(frames: list, devices: list) -> None:
-    """In the time of the recording; between devices with room enough that nobody can exchange them."""
-    before, last = frames[0][0], None
-    for at, number, events in frames:
-        room = 0.03 if last is not None and number != last else 0.0
-        time.sleep(max((at - before) / 1e6, room))
-        before, last = at, number
-        if events:
-            devices[number]._device.write(events)  # pylint: disable=protected-access
-
-
-def emulated_events(text: str) -> list:
-    """The events of an evemu text."""
-    lines = [line.split()[2:5] for line in text.splitlines() if line.startswith("E:")]
-    return [(int(kind, 16), int(code, 16), int(value)) for kind, code, value in lines]
-
-
-def yaml_events(text: str) -> list:
-    """The events of the one device of a `libinput record`; its recorder tells of none twice."""
-    device = yaml.load(text, yaml.CSafeLoader)["devices"][0]
-    return [tuple(event[2:]) for item in device["events"] or [] for event in item["evdev"]]
-
-
-class Recorder:
-    """evemu-record or libinput record on a node, ready when this returns."""
-
-    def __init__(self, ready: str, *command: str):
-        self._path = tempfile.mktemp()
-        self._out = open(self._path, "wb")  # pylint: disable=consider-using-with
-        self._process = subprocess.Popen(["stdbuf", "-oL", *command], stdout=self._out, stderr=subprocess.DEVNULL)
-        until(f"{command[0]} is ready", lambda: ready in self.text())
-
-    def text(self) -> str:
-        with open(self._path, encoding="utf-8") as file:
-            return file.read()
-
-    def finish(self) -> str:
-        self._process.send_signal(signal.SIGINT)
-        self._process.wait()
-        return self.text()
-
-    def close(self) -> None:
-        if self._process.poll() is None:
-            self._process.kill()
-            self._process.wait()
-        self._out.close()
-        os.unlink(self._path)
+    missing = [line for line in report.splitlines() if line.startswith("MISSING")]
+    desktop = ("there is a display", "what is in front", "there is a session bus", "launchers know Barquell")
+    require(all(line.endswith(desktop) for line in missing), report)  # there is none here
+    require(report.count("ok ") == 7, report)
 
 
 def require_same(who: str, live: list, replayed: list) -> None:
@@ -425,5 +262,6 @@ ALL = [
     "program_waits_for_a_busy_server",
     "second_copy_is_refused",
     "doctor_finds_what_is_missing",
+    "doctor_knows_another_clients_tap",
     "live_and_replay_agree",
 ]

@@ -19,9 +19,9 @@ class Failure(Exception):
     pass
 
 
-def until(what: str, happened):
+def until(what: str, happened, patience: float = PATIENCE):
     """Looks again and again until it has happened; what it then returns."""
-    deadline = time.monotonic() + PATIENCE
+    deadline = time.monotonic() + patience
     while True:
         result = happened()
         if result:

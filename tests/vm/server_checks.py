@@ -5,7 +5,7 @@ import subprocess
 
 from reader import BTN_TOUCH, EV_ABS, EV_KEY, ID, X, Failure, clones, until
 from touch_checks import pass_mark, require, tap
-from world import World
+from world import World, checks_of
 
 
 def server_killed(world: World) -> None:
@@ -64,4 +64,4 @@ def takes_little_memory(world: World) -> str:
     return f"{own} KiB of its own: {note}"
 
 
-ALL = [name for name, value in list(globals().items()) if getattr(value, "__annotations__", {}).get("world") is World]
+ALL = checks_of(globals())

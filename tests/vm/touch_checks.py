@@ -5,7 +5,7 @@ import subprocess
 import time
 
 from reader import BTN_TOUCH, EV_ABS, EV_KEY, ID, SLOT, TOOL, X, Failure, Libinput, clones, held, until
-from world import World
+from world import World, checks_of
 
 MARK = 7001  # where a finger comes down that is meant to be seen
 
@@ -275,4 +275,4 @@ def client_that_stands_still(world: World) -> str:
     return f"passed after {waited:.3f} s"
 
 
-ALL = [name for name, value in list(globals().items()) if getattr(value, "__annotations__", {}).get("world") is World]
+ALL = checks_of(globals())

@@ -157,3 +157,12 @@ class World:
         if self.server.process.poll() is None:
             self.server.kill()
         until("no clone is left", lambda: not clones())
+
+
+def checks_of(module: dict) -> list:
+    """The names of the functions that a module itself defines for a world."""
+    return [
+        name
+        for name, value in module.items()
+        if getattr(value, "__annotations__", {}).get("world") is World and value.__module__ == module["__name__"]
+    ]

@@ -12,10 +12,11 @@ namespace barquell {
 class SocketTrust final : public AccessibilityTrust {
 public:
     /// Posts the accessibility notification when the socket comes, goes or changes its mode. The
-    /// notifications must outlive this.
+    /// notifications must outlive this. Main thread only.
     SocketTrust(QString socketPath, DistributedNotifications &notifications);
 
     bool isProcessTrusted() const override;
+    bool hasPrivacyPage() const override { return false; }
 
 private:
     void rearm();

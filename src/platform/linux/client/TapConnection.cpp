@@ -5,13 +5,6 @@
 
 namespace barquell {
 
-namespace {
-
-/// How many messages are taken in one go, so that a flood leaves room for the rest of the run loop.
-constexpr int kMessagesAtOnce = 64;
-
-} // namespace
-
 std::unique_ptr<TapConnection> TapConnection::open(const QString &socketPath, MessageHandler onMessage,
                                                    LossHandler onLoss) {
     FileDescriptor socket = connectToServer(socketPath.toLocal8Bit());
@@ -27,7 +20,7 @@ std::unique_ptr<TapConnection> TapConnection::open(const QString &socketPath, Me
 TapConnection::TapConnection(FileDescriptor socket, MessageHandler onMessage, LossHandler onLoss)
     : _socket(std::move(socket)), _onMessage(std::move(onMessage)), _onLoss(std::move(onLoss)),
       _notifier(_socket.get(), QSocketNotifier::Read), _alive(std::make_shared<char>()) {
-    QObject::connect(&_notifier, &QSocketNotifier::activated, &_notifier, [this] { readAll(); });
+    QObject::connect(&_notifier, &QSocketNotifier::activated, &_notifier, [this] { readNext(); });
 }
 
 void TapConnection::send(const protocol::ClientMessage &message) {
@@ -36,18 +29,15 @@ void TapConnection::send(const protocol::ClientMessage &message) {
     }
 }
 
-void TapConnection::readAll() {
-    const std::weak_ptr<char> alive = _alive; // a handler may run the loop, and the loss be handled there
-    for (int i = 0; i < kMessagesAtOnce && !alive.expired() && !_lost; ++i) {
-        bool ended = false;
-        const auto message = receiveFromServer(_socket, ended);
-        if (ended) {
-            lose();
-        }
-        if (!message) {
-            return;
-        }
-        _onMessage(*message);
+// One message a turn: the run loop comes back for the next one, and after the usual single one nothing is
+// asked in vain.
+void TapConnection::readNext() {
+    bool ended = false;
+    const auto message = receiveFromServer(_socket, ended);
+    if (message) {
+        _onMessage(*message); // this may be gone afterwards
+    } else if (ended) {
+        lose();
     }
 }
 

@@ -28,7 +28,7 @@ public:
 private:
     TapConnection(FileDescriptor socket, MessageHandler onMessage, LossHandler onLoss);
 
-    void readAll();
+    void readNext();
     void lose();
 
     FileDescriptor _socket;

@@ -22,6 +22,9 @@ public:
     /// Refused where we may not speak to the server, and while there is a tap already.
     std::unique_ptr<EventTap> create(EventMask mask, EventTapCallback callback) override;
 
+    /// Other devices' events do not come this way.
+    bool canChangeFlags() const override { return false; }
+
     /// Known while connected, that is while there is or was a tap; 0 before.
     ModifierFlags currentFlags() const override { return _flags; }
 

@@ -57,6 +57,7 @@ ServerMessage withNamedFields(const ServerMessage &message) {
     case ServerMessageType::Welcome:
         named.version = message.version;
         named.flags = message.flags;
+        named.holder = message.holder;
         [[fallthrough]];
     case ServerMessageType::Bars:
         named.barsKnown = message.barsKnown;
@@ -111,7 +112,7 @@ bool isPlausible(const ServerMessage &message) {
         return message.reason >= Refusal::Version && message.reason <= Refusal::Malformed;
     case ServerMessageType::Welcome:
     case ServerMessageType::Bars:
-        return message.barsGrabbed <= message.barsKnown;
+        return message.holder >= kAnotherUser && message.barsGrabbed <= message.barsKnown;
     default:
         return true;
     }

@@ -19,6 +19,7 @@
 ///     does, whether it has a tap or not.
 ///  3. CreateTap is answered by TapCreated, or by Refused{Busy} where somebody (also the client itself) has
 ///     the tap; the connection stays and the client may try again later.
+///     A Welcome says who has the tap, so that a person can be told whom to ask.
 ///  4. A new tap is disabled. SetEnabled is not answered.
 ///  5. While the tap is enabled and its mask names EventType::Gesture, each frame of each bar is sent as
 ///     Frame and waits for its Verdict. Several may be out at a time; verdicts come in the order of the
@@ -34,7 +35,7 @@
 /// 10. There is room for 16 clients, 4 of one user; one more is told Refused{Busy} instead of Welcome.
 namespace barquell::protocol {
 
-inline constexpr std::uint32_t kVersion = 1;
+inline constexpr std::uint32_t kVersion = 2;
 inline constexpr const char *kDefaultSocket = "/run/barquell/tap.sock";
 
 inline constexpr std::int64_t kVerdictLimit = 1'000'000; ///< microseconds
@@ -61,7 +62,7 @@ struct ClientMessage {
 };
 
 enum class ServerMessageType : std::uint32_t {
-    Welcome = 1, ///< version, barsKnown, barsGrabbed, flags
+    Welcome = 1, ///< version, barsKnown, barsGrabbed, flags, holder
     Refused,     ///< reason, version
     TapCreated,
     Frame,        ///< frame, flags, touchCounts, listedTouches, touches
@@ -86,6 +87,11 @@ struct Touch {
     bool operator==(const Touch &) const = default;
 };
 
+/// Who has the tap, where it is no process id. A user's clients hear of that user's processes and root's of
+/// all; of another user's process nobody hears more than that there is one.
+inline constexpr std::int32_t kNobody = 0;
+inline constexpr std::int32_t kAnotherUser = -1;
+
 inline constexpr std::size_t kPhases = 5;
 inline constexpr std::size_t kListedTouches = 16;
 
@@ -99,7 +105,7 @@ struct ServerMessage {
     std::uint64_t frame = 0;                          ///< from 1
     std::array<std::uint16_t, kPhases> touchCounts{}; ///< of all touches; entry n counts phase 1 << n
     std::uint16_t listedTouches = 0;                  ///< how many of them follow
-    std::uint32_t zero = 0;
+    std::int32_t holder = kNobody; ///< the process that had the tap when the client was welcomed
     std::array<Touch, kListedTouches> touches{}; ///< the first ones
 
     bool operator==(const ServerMessage &) const = default;

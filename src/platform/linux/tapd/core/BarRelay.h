@@ -30,7 +30,7 @@ protected:
 
 /// One bar, and while it is wanted its grab and its clone. The clone is there, and known to its readers,
 /// before the grab; the bar is grabbed and given back only while no finger is on it, tried again at each
-/// frame. While the bar is free of fingers, so is the clone.
+/// frame. While the bar is free of fingers, so is the clone. One thread.
 class BarRelay {
 public:
     BarRelay(const evdev::DeviceDescription &bar, BarPort &port, FrameSink &sink, Log &log);

@@ -22,12 +22,19 @@ ServerMessage barsMessage(ServerMessageType type, const PublicState &state) {
 
 } // namespace
 
-bool Client::welcome(const PublicState &state) {
+bool Client::welcome(const PublicState &state, std::int32_t holder) {
     _welcome = true;
     ServerMessage message = barsMessage(ServerMessageType::Welcome, state);
     message.version = protocol::kVersion;
     message.flags = state.flags;
+    message.holder = holder;
     return tell(message);
+}
+
+std::int32_t Client::processFor(const Client &asking) const {
+    constexpr std::uint32_t kRoot = 0;
+    const std::uint32_t user = asking.link().user();
+    return user == kRoot || user == _link->user() ? _link->process() : protocol::kAnotherUser;
 }
 
 bool Client::tapCreated() {

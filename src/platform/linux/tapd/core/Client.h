@@ -12,7 +12,7 @@ struct PublicState {
 };
 
 /// A client as the server keeps it. What it is told are states, so one that does not read is owed each of
-/// them once and no more.
+/// them once and no more. One thread.
 class Client {
 public:
     Client(ClientLink &link, Time connected)
@@ -23,10 +23,13 @@ public:
     Time helloDeadline() const { return _helloDeadline; }
 
     /// False where the client does not read what it is told.
-    bool welcome(const PublicState &state);
+    bool welcome(const PublicState &state, std::int32_t holder);
     bool tapCreated();
     bool refuse(protocol::Refusal reason);
     bool tell(const protocol::ServerMessage &message) { return _link->send(message); }
+
+    /// What the client may know of the process that has the tap; see protocol::kAnotherUser.
+    std::int32_t processFor(const Client &asking) const;
 
     void owe(bool flags, bool bars) {
         _owesFlags |= flags;

@@ -17,7 +17,7 @@ struct PendingFrame {
 };
 
 /// The frames that are out, oldest first. Places are used again, so that a queue that has once been as long
-/// does not allocate.
+/// does not allocate. One thread.
 class FrameQueue {
 public:
     /// More than a bar sends in the time that a client has for its answer.

@@ -7,7 +7,8 @@
 
 namespace barquell::tapd {
 
-/// The modifier word of all keyboards together. A keyboard is named by a number of the caller's choice.
+/// The modifier word of all keyboards together. A keyboard is named by a number of the caller's choice. One
+/// thread.
 class Keyboards {
 public:
     void add(int keyboard) { _keyboards[keyboard]; }

@@ -11,7 +11,8 @@
 #include <string_view>
 
 /// What the tap server's rules need of the world. The kernel stands behind these interfaces in the program
-/// and a script in the tests; the rules themselves make no system call and never ask for the time.
+/// and a script in the tests; the rules themselves make no system call and never ask for the time. Rules and
+/// ports belong to one thread, the server's loop, unless something else is said.
 namespace barquell::tapd {
 
 /// CLOCK_MONOTONIC.
@@ -43,6 +44,9 @@ public:
 
     /// Whose it is.
     virtual std::uint32_t user() const = 0;
+
+    /// The process that connected.
+    virtual std::int32_t process() const = 0;
 
 protected:
     ClientLink() = default;

@@ -7,13 +7,17 @@ namespace barquell::tapd {
 
 /// The tap: at most one client's. Frames of all bars stand in one line, so verdicts come in the order of the
 /// frames; all of them are out at once, since a frame that waits for the one before it would wait for
-/// nothing.
+/// nothing. One thread.
 class Tap final : public FrameSink {
 public:
     explicit Tap(const PublicState &state) : _state(state) {}
 
     bool isOpen() const { return _owner != nullptr; }
     bool isOpenFor(const Client &client) const { return _owner == &client; }
+    /// What the client may know of who has it.
+    std::int32_t holderFor(const Client &asking) const {
+        return _owner ? _owner->processFor(asking) : protocol::kNobody;
+    }
     bool wantsBars() const { return isOpen() && (_mask & maskOf(EventType::Gesture)) != 0; }
 
     void open(Client &owner, EventMask mask);

@@ -65,7 +65,7 @@ void TapServer::handle(Client &client, const ClientMessage &message, Time now) {
     } else if (isHello == client.isWelcome()) {
         refuse(client, Refusal::Malformed, "dropped, said hello too late or twice", now);
     } else if (isHello) {
-        if (!client.welcome(_state)) {
+        if (!client.welcome(_state, _tap.holderFor(client))) {
             drop(client, "dropped, does not listen", now);
         }
     } else if (!handleTap(client, message, now)) {

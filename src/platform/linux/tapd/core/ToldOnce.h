@@ -7,7 +7,7 @@
 namespace barquell::tapd {
 
 /// What the log has been told of a user's clients. One that tries again every few seconds is told of once,
-/// until something has changed.
+/// until something has changed. One thread.
 class ToldOnce {
 public:
     /// Few users have clients; where there are more the oldest entry is told again.

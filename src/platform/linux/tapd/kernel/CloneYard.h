@@ -9,7 +9,7 @@ namespace barquell::tapd {
 
 /// Where clones spend their last moments. The kernel gives a reader nothing more of a device that is gone,
 /// not even what waited to be read (drivers/input/evdev.c, evdev_read), so the end of a last touch needs the
-/// device to stay for a little.
+/// device to stay for a little. One thread.
 class CloneYard {
 public:
     static constexpr std::chrono::milliseconds kStay{250};

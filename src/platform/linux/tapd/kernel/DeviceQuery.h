@@ -7,6 +7,8 @@
 
 namespace barquell::tapd {
 
+// Each asks the kernel and keeps nothing; any thread.
+
 /// What a device says of itself; nothing where the node is none, or gone.
 std::optional<evdev::DeviceDescription> describe(int node);
 

@@ -16,7 +16,8 @@ struct FoundDevice {
     std::string sysname; ///< the kernel's name of the device behind it, such as input12; none is used twice
 };
 
-/// Tells of event nodes as they come. That they go is read from the nodes themselves.
+/// Tells of event nodes as they come. That they go is read from the nodes themselves. One thread, in which
+/// the callback is called too.
 class DeviceWatch {
 public:
     using Callback = std::function<void(const FoundDevice &)>;

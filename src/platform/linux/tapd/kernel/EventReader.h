@@ -7,6 +7,8 @@
 
 namespace barquell::tapd {
 
+// A node is read by one thread.
+
 /// Events of one wake-up, as many as are read at once.
 using EventBatch = std::array<evdev::InputEvent, 64>;
 

@@ -9,7 +9,7 @@
 namespace barquell::tapd {
 
 /// The exclusive use of an evdev node (EVIOCGRAB). It is given back by name and not by closing the node,
-/// since another descriptor of the same open file would keep it.
+/// since another descriptor of the same open file would keep it. One thread.
 class Grab {
 public:
     /// Of a node that stays open as long. Nothing where somebody else has it, or the device is gone.

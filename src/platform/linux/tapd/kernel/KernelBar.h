@@ -9,7 +9,7 @@
 
 namespace barquell::tapd {
 
-/// A bar's evdev node.
+/// A bar's evdev node. One thread.
 class KernelBar final : public BarPort {
 public:
     KernelBar(FileDescriptor node, evdev::DeviceDescription description, CloneYard &yard);

@@ -8,7 +8,7 @@
 
 namespace barquell::tapd {
 
-/// A keyboard's evdev node, of which nothing but the modifier keys is ever heard.
+/// A keyboard's evdev node, of which nothing but the modifier keys is ever heard. One thread.
 class KernelKeyboard {
 public:
     /// Nothing where the kernel does not hide the other keys (EVIOCSMASK, Linux 4.4).

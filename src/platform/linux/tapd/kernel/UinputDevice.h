@@ -10,7 +10,7 @@
 
 namespace barquell::tapd {
 
-/// A device of our own, made through /dev/uinput; readers see it go when its owner does.
+/// A device of our own, made through /dev/uinput; readers see it go when its owner does. One thread.
 class UinputDevice {
 public:
     /// Nothing where the kernel refuses.

@@ -10,6 +10,7 @@ Connection::Connection(FileDescriptor socket) : _socket(std::move(socket)) {
     socklen_t size = sizeof peer;
     ::getsockopt(_socket.get(), SOL_SOCKET, SO_PEERCRED, &peer, &size);
     _user = peer.uid;
+    _process = peer.pid;
     _name = "client " + std::to_string(peer.pid) + " of user " + std::to_string(peer.uid);
 }
 

@@ -5,7 +5,7 @@
 
 namespace barquell::tapd {
 
-/// A client's socket.
+/// A client's socket. One thread.
 class Connection final : public ClientLink {
 public:
     explicit Connection(FileDescriptor socket);
@@ -24,11 +24,13 @@ public:
     void close() override { _closed = true; }
     const std::string &name() const override { return _name; }
     std::uint32_t user() const override { return _user; }
+    std::int32_t process() const override { return _process; }
 
 private:
     FileDescriptor _socket;
     std::string _name;
     std::uint32_t _user = 0;
+    std::int32_t _process = 0;
     bool _closed = false;
 };
 

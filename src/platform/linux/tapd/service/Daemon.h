@@ -7,7 +7,8 @@
 
 namespace barquell::tapd {
 
-/// The running service: one loop that brings what happens to the rules.
+/// The running service: one loop that brings what happens to the rules. It has one thread, whose signals it
+/// blocks.
 class Daemon {
 public:
     Daemon(Listener listener, Log &log);

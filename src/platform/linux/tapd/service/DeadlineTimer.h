@@ -6,7 +6,7 @@
 namespace barquell::tapd {
 
 /// A timer that is at least as early as a deadline that moves with each frame. A deadline that moves later
-/// leaves it as it is: programming a clock costs more than being woken once a second for nothing.
+/// leaves it as it is: programming a clock costs more than being woken once a second for nothing. One thread.
 class DeadlineTimer {
 public:
     DeadlineTimer();

@@ -10,7 +10,7 @@
 
 namespace barquell::tapd {
 
-/// The bars and keyboards that are plugged in: found, read, told to the server, and let go.
+/// The bars and keyboards that are plugged in: found, read, told to the server, and let go. One thread.
 class InputDevices {
 public:
     static constexpr std::size_t kMaximumKeyboards = 32;

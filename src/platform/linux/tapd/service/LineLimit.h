@@ -5,7 +5,7 @@
 namespace barquell::tapd {
 
 /// How many lines may be logged: a burst, and then a steady few. Clients and devices decide what happens, so
-/// it is they who would fill the log.
+/// it is they who would fill the log. One thread.
 class LineLimit {
 public:
     using Time = std::chrono::steady_clock::time_point;

@@ -7,7 +7,7 @@
 namespace barquell::tapd {
 
 /// Writes lines to a descriptor that belongs to others as well, and never waits: a terminal that is stopped
-/// or a pipe that nobody empties costs lines, not time.
+/// or a pipe that nobody empties costs lines, not time. One thread.
 class LineWriter {
 public:
     /// One that is not open takes nothing.

@@ -9,7 +9,7 @@
 namespace barquell::tapd {
 
 /// The socket where clients connect, and the only place that knows who may: whoever the file's mode and group
-/// let write to it.
+/// let write to it. One thread; open() changes the process's umask for a moment.
 class Listener {
 public:
     /// Nothing where it cannot be made, or another server listens there; `problem` then says why.

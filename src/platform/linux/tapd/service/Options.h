@@ -22,7 +22,7 @@ struct Options {
     SocketOptions socket;
 };
 
-/// Nothing where they are wrong; a line on standard error has then said why.
+/// Nothing where they are wrong; a line on standard error has then said why. Before any other thread: getopt.
 std::optional<Options> optionsFrom(int argc, char **argv);
 
 extern const char *const kUsage;

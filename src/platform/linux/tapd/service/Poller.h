@@ -20,7 +20,7 @@ struct Ready {
     bool writable = false;
 };
 
-/// Waits for descriptors (epoll). A descriptor that is closed is forgotten.
+/// Waits for descriptors (epoll). A descriptor that is closed is forgotten. One thread.
 class Poller {
 public:
     Poller();

@@ -7,7 +7,7 @@
 namespace barquell::tapd {
 
 /// Standard error and the system log. A line that either cannot take at once is lost to it: who waits for a
-/// log does not serve the bar that it holds.
+/// log does not serve the bar that it holds. One thread.
 class SystemLog final : public Log {
 public:
     explicit SystemLog(int error = STDERR_FILENO, std::string systemSocket = "/dev/log");

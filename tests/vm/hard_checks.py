@@ -1,0 +1,95 @@
+"""Hard times: floods, frozen processes, fingers in the wrong moment."""
+
+import signal
+import time
+
+from program import FN, blocked, hold, let_go, mark, with_bar
+from reader import BTN_TOUCH, EV_ABS, EV_KEY, ID, X, held, until
+from touch_checks import require, tap
+from world import World, checks_of
+
+FLOOD = 3000  # frames as fast as they can be written
+
+
+def own_memory(of: World) -> int:
+    return sum(of.server.number("smaps_rollup", key) for key in ("Private_Dirty", "Private_Clean"))
+
+
+def program_in_a_flood(world: World) -> str:
+    """Frames come faster than the server is let to read, and then faster than the program can judge."""
+    bar, keyboard, program, reader = with_bar(world)
+    node, real = world.clone(), world.nodes["bar"]
+    memory = own_memory(world)
+    hold(program, keyboard, FN)
+    bar.down([(0, 700, 60), (3, 9000, 60)])
+    reader.expect(EV_ABS, X, 9000)
+    world.server.signal(signal.SIGSTOP)
+    bar.up([3])
+    bar.flood(FLOOD, 0)
+    world.server.signal(signal.SIGCONT)
+    until("the clone holds what the bar holds", lambda: held(node) == held(real) and held(node, X) == held(real, X))
+    let_go(program, keyboard, FN)
+    bar.flood(FLOOD, 0)
+    bar.up([0])
+    until("the clone is free", lambda: set(held(node)) == {-1})
+    until("touches are blocked", lambda: blocked(world, program, reader))
+    mark(world, program, reader)
+    require("Timeout" not in program.read(), "the flood cost the tap")
+    growth = own_memory(world) - memory
+    require(growth < 256, f"{growth} KiB more")
+    return f"{growth} KiB more after {2 * FLOOD} frames"
+
+
+def freeze() -> None:
+    """All processes are frozen for some seconds, as for a suspend; the devices stay awake, since the machine's own
+    root file system is one that does not come back."""
+    with open("/sys/power/pm_test", "w", encoding="utf-8") as test:
+        test.write("freezer")
+    with open("/sys/power/state", "w", encoding="utf-8") as state:
+        state.write("freeze")
+
+
+def processes_frozen_and_thawed(world: World) -> str:
+    bar, keyboard, program, reader = with_bar(world)
+    hold(program, keyboard, FN)
+    bar.down([(0, 700, 60)])
+    reader.expect(EV_ABS, X, 700)
+    start = time.monotonic()
+    freeze()
+    slept = time.monotonic() - start
+    require(slept > 3, f"they were frozen for {slept:.1f} s")
+    let_go(program, keyboard, FN)
+    bar.up([0])
+    until("the clone is free", lambda: set(held(world.clone())) == {-1})
+    until("touches are blocked", lambda: blocked(world, program, reader))
+    mark(world, program, reader)
+    require(program.status()["barsGrabbed"] == 1, "the bar was given back")
+    return f"frozen for {slept:.1f} s"
+
+
+def short_touches_while_the_bar_is_seized(world: World) -> str:
+    """Each touch belongs to the readers of the bar or to the tap, and to either as a whole."""
+    bar = world.plug("bar", "t2-bar")
+    real = world.reader(world.nodes["bar"])
+    client = world.client()
+    rounds, touches = 8, 0
+    for number in range(1, rounds + 1):
+        client.say("create", "block", "on")
+        while client.read().count("bars 1/1") < number:
+            tap(bar, 100 + touches)
+            touches += 1
+            time.sleep(0.001 * (touches % 5))
+        client.say("destroy")
+        while client.read().count("bars 0/1") < number + 1:  # the welcome said so as well
+            tap(bar, 100 + touches)
+            touches += 1
+            time.sleep(0.001 * (touches % 5))
+    contacts = real.values(EV_ABS, ID)
+    begun, ended = contacts[0::2], contacts[1::2]
+    require(-1 not in begun and ended == [-1] * len(begun), "half a touch was seen")
+    require(real.values(EV_KEY, BTN_TOUCH) == [1, 0] * len(begun), "the touch key is out of step")
+    require(0 < len(begun) < touches, f"{len(begun)} of {touches} were seen, so nothing was tried")
+    return f"{touches} touches, {len(begun)} of them seen, all whole"
+
+
+ALL = checks_of(globals())
