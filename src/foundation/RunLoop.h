@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QDateTime>
+
 #include <chrono>
 #include <functional>
 #include <memory>
@@ -31,9 +33,17 @@ public:
     /// Once, after the delay (dispatch_after on the main queue).
     virtual void performAfter(std::chrono::milliseconds delay, Task task) = 0;
 
+    /// Once, after the delay, unless the timer was destroyed before (a timer added to the main run loop for
+    /// its common modes).
+    [[nodiscard]] virtual std::unique_ptr<Timer> scheduleOnce(std::chrono::milliseconds delay, Task task) = 0;
+
     /// Again and again, first after one interval (scheduledTimerWithTimeInterval:repeats:block:).
     [[nodiscard]] virtual std::unique_ptr<Timer> scheduleRepeating(std::chrono::milliseconds interval,
                                                                    Task task) = 0;
+
+    /// The date and time of day, in UTC. Unlike delays it can jump, when the clock is set or the machine
+    /// slept.
+    virtual QDateTime wallClock() const = 0;
 
     /// The main run loop: Qt's unless another was set.
     static RunLoop &main();

@@ -14,6 +14,8 @@ public:
     Selector() = default;
     Selector(const char *name) : _name(name) {} // NOLINT(google-explicit-constructor): reads as a literal
 
+    bool operator==(const Selector &) const = default;
+
     bool isNull() const { return _name.isEmpty(); }
     QString name() const { return QString::fromLatin1(_name); }
 

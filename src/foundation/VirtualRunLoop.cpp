@@ -1,8 +1,33 @@
 #include "foundation/VirtualRunLoop.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace barquell {
+
+class VirtualRunLoop::OneShotTimer final : public RunLoop::Timer {
+public:
+    OneShotTimer(VirtualRunLoop &loop, std::chrono::microseconds delay, Task task) : _loop(loop) {
+        // The loop holds the task while it runs, so it may destroy this timer.
+        _position = _loop.schedule(delay, [this, task = std::move(task)] {
+            _position.reset();
+            task();
+        });
+    }
+
+    ~OneShotTimer() override {
+        if (_position) {
+            _loop._tasks.erase(*_position);
+        }
+    }
+
+    OneShotTimer(const OneShotTimer &) = delete;
+    OneShotTimer &operator=(const OneShotTimer &) = delete;
+
+private:
+    VirtualRunLoop &_loop;
+    std::optional<Position> _position; // while it waits
+};
 
 class VirtualRunLoop::RepeatingTimer final : public RunLoop::Timer {
 public:
@@ -41,9 +66,21 @@ void VirtualRunLoop::performAfter(std::chrono::milliseconds delay, Task task) {
     schedule(delay, std::move(task));
 }
 
+std::unique_ptr<RunLoop::Timer> VirtualRunLoop::scheduleOnce(std::chrono::milliseconds delay, Task task) {
+    return std::make_unique<OneShotTimer>(*this, delay, std::move(task));
+}
+
 std::unique_ptr<RunLoop::Timer> VirtualRunLoop::scheduleRepeating(std::chrono::milliseconds interval,
                                                                   Task task) {
     return std::make_unique<RepeatingTimer>(*this, interval, std::move(task));
+}
+
+QDateTime VirtualRunLoop::wallClock() const {
+    return _dateAtBegin.addMSecs(std::chrono::floor<std::chrono::milliseconds>(_now).count());
+}
+
+void VirtualRunLoop::setWallClock(const QDateTime &time) {
+    _dateAtBegin = _dateAtBegin.addMSecs(wallClock().msecsTo(time));
 }
 
 void VirtualRunLoop::advanceTo(std::chrono::microseconds time) {

@@ -42,6 +42,43 @@ TEST(QtRunLoopTest, RunsOnceAfterTheDelay) {
     EXPECT_EQ(runs, 1);
 }
 
+TEST(QtRunLoopTest, AOneShotTimerRunsOnceAfterItsDelay) {
+    QtRunLoop loop;
+    const QDeadlineTimer early(30);
+    bool tooEarly = false;
+    int runs = 0;
+    const auto timer = loop.scheduleOnce(milliseconds(40), [&] {
+        tooEarly = !early.hasExpired();
+        ++runs;
+    });
+    ASSERT_TRUE(test::waitFor([&] { return runs > 0; }));
+    EXPECT_FALSE(tooEarly);
+    test::runFor(milliseconds(100));
+    EXPECT_EQ(runs, 1);
+}
+
+TEST(QtRunLoopTest, AOneShotTimerThatIsDestroyedNeverRuns) {
+    QtRunLoop loop;
+    bool ran = false;
+    auto timer = loop.scheduleOnce(milliseconds(10), [&] { ran = true; });
+    timer.reset();
+    test::runFor(milliseconds(50));
+    EXPECT_FALSE(ran);
+}
+
+TEST(QtRunLoopTest, AOneShotTimerMayBeDestroyedInItsOwnTask) {
+    QtRunLoop loop;
+    std::unique_ptr<RunLoop::Timer> timer;
+    const auto alive = std::make_shared<int>(0);
+    const std::weak_ptr<int> watched = alive;
+    timer = loop.scheduleOnce(milliseconds(1), [&timer, runs = alive] {
+        timer.reset();
+        ++*runs;
+    });
+    ASSERT_TRUE(test::waitFor([&] { return *alive > 0; }));
+    EXPECT_EQ(watched.use_count(), 1); // the task is gone
+}
+
 TEST(QtRunLoopTest, RepeatsUntilTheTimerIsDestroyed) {
     QtRunLoop loop;
     int runs = 0;

@@ -27,6 +27,17 @@ protected:
     std::vector<int> notes;
 };
 
+TEST_F(VirtualRunLoopTest, TheWallClockGoesOnWithTheLoopAlsoAfterItWasSet) {
+    const QDateTime begin = loop.wallClock();
+    loop.advanceBy(milliseconds(1500));
+    EXPECT_EQ(begin.msecsTo(loop.wallClock()), 1500);
+    const QDateTime other(QDate(2030, 6, 1), QTime(12, 0), Qt::UTC);
+    loop.setWallClock(other);
+    EXPECT_EQ(loop.wallClock(), other);
+    loop.advanceBy(milliseconds(20));
+    EXPECT_EQ(loop.wallClock(), other.addMSecs(20));
+}
+
 TEST_F(VirtualRunLoopTest, RunsWhatIsDueInTheOrderOfTimesThenOfScheduling) {
     loop.performAfter(milliseconds(20), note(4));
     loop.performAfter(milliseconds(10), note(2));
@@ -91,6 +102,39 @@ TEST_F(VirtualRunLoopTest, ATimerMayBeDestroyedInItsOwnTask) {
     loop.advanceTo(milliseconds(50));
     EXPECT_EQ(*runs, 1);
     EXPECT_EQ(runs.use_count(), 1); // the task is gone
+}
+
+TEST_F(VirtualRunLoopTest, AOneShotTimerRunsOnceAfterItsDelayAndMayOutliveThat) {
+    std::vector<microseconds> times;
+    auto timer = loop.scheduleOnce(milliseconds(10), [&] { times.push_back(loop.now()); });
+    loop.advanceTo(milliseconds(100));
+    EXPECT_THAT(times, ElementsAre(milliseconds(10)));
+    timer.reset();
+    loop.advanceTo(milliseconds(200));
+    EXPECT_EQ(times.size(), 1U);
+}
+
+TEST_F(VirtualRunLoopTest, AOneShotTimerThatIsDestroyedNeverRuns) {
+    auto timer = loop.scheduleOnce(milliseconds(10), note(1));
+    loop.advanceTo(microseconds(9999));
+    timer.reset();
+    loop.advanceTo(milliseconds(100));
+    EXPECT_THAT(notes, IsEmpty());
+}
+
+TEST_F(VirtualRunLoopTest, AOneShotTimerMayBeDestroyedOrReplacedInItsOwnTask) {
+    std::unique_ptr<RunLoop::Timer> timer;
+    const auto runs = std::make_shared<int>(0);
+    timer = loop.scheduleOnce(milliseconds(10), [&, runs] {
+        timer = loop.scheduleOnce(milliseconds(10), note(1));
+        ++*runs;
+    });
+    loop.advanceTo(milliseconds(19));
+    EXPECT_EQ(*runs, 1);
+    EXPECT_EQ(runs.use_count(), 1); // the task is gone
+    EXPECT_THAT(notes, IsEmpty());
+    loop.advanceTo(milliseconds(20));
+    EXPECT_THAT(notes, ElementsAre(1));
 }
 
 TEST_F(VirtualRunLoopTest, ATimerMayBeDestroyedByAnotherTaskThatIsDueBeforeIt) {

@@ -1,0 +1,165 @@
+#include "CutOff.h"
+#include "HUDOwner.h"
+
+#include "foundation/Bundle.h"
+#include "foundation/UserDefaults.h"
+#include "foundation/interface/InterfaceFile.h"
+#include "menubar/AuthWindowController.h"
+#include "menubar/LikeTheAppTracker.h"
+#include "menubar/MenuBarClasses.h"
+#include "menubar/hud/HUDClasses.h"
+#include "platform/simulated/bar/SimulatedBarWindow.h"
+#include "preferences/PreferencesClasses.h"
+#include "preferences/PreferencesWindowController.h"
+#include "preferences/tabs/PreferencesTabTouchBar.h"
+#include "preferences/tabs/PreferencesTabsClasses.h"
+#include "shortcuts/controls/ShortcutControls.h"
+#include "support/Place.h"
+
+#include <QHBoxLayout>
+#include <QLocale>
+#include <QPushButton>
+#include <QStyleFactory>
+
+#include <gmock/gmock.h>
+
+namespace barquell::test {
+
+using testing::IsEmpty;
+
+/// The program's windows in one of its languages, with every control shown that a user may ever see.
+class CutOffTest : public testing::TestWithParam<const char *> {
+protected:
+    CutOffTest() {
+        QLocale::setDefault(QLocale(QString::fromLatin1(GetParam())));
+        const bool isEnglish = QByteArray(GetParam()) == "en";
+        EXPECT_EQ(Bundle::localizedString(QStringLiteral("Cancel")) == QLatin1String("Cancel"), isEnglish);
+        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+        here.platform.lifecycle.policy = ActivationPolicy::Regular;
+        registerPreferencesClasses();
+        registerMenuBarClasses();
+        registerShortcutControls();
+        registerPreferencesTabs();
+        registerHUDClasses();
+    }
+
+    /// The window on a tab. It may grow with its texts, but not without end.
+    static QWidget &preferencesWith(const char *tab) {
+        PreferencesWindowController::cls().showWindow(nullptr, QString::fromLatin1(tab));
+        QWidget &window = settled(*PreferencesWindowController::cls().window());
+        EXPECT_LE(window.width(), 640) << tab;
+        return window;
+    }
+
+    static QWidget &settled(QWidget &window) {
+        place().loop.advanceBy(std::chrono::seconds(1));
+        QCoreApplication::processEvents();
+        return window;
+    }
+
+    static PreferencesWindowController &controller() {
+        return *qobject_cast<PreferencesWindowController *>(
+            PreferencesWindowController::cls().window()->delegateObject());
+    }
+
+    Place &here = place();
+};
+
+TEST_P(CutOffTest, TheGeneralTab) {
+    LikeTheAppTracker::displayTimerDidFire();
+    QWidget &window = preferencesWith("General");
+    ASSERT_TRUE(window.findChild<QPushButton *>(QStringLiteral("likeTheAppButton"))->isVisible());
+    EXPECT_THAT(cutOff(window), IsEmpty());
+}
+
+TEST_P(CutOffTest, TheTouchBarTab) {
+    EXPECT_THAT(cutOff(preferencesWith("TouchBar")), IsEmpty());
+}
+
+TEST_P(CutOffTest, TheShortcutsTab) {
+    EXPECT_THAT(cutOff(preferencesWith("Shortcuts")), IsEmpty());
+}
+
+TEST_P(CutOffTest, TheAppsTab) {
+    UserDefaults::standard().setObject(QStringList{QStringLiteral("org.example.Gone")},
+                                       QStringLiteral("BypassApps"));
+    preferencesWith("TouchBar");
+    auto *touchBar =
+        qobject_cast<PreferencesTabTouchBar *>(controller().tabs().value(QStringLiteral("TouchBar")));
+    controller().preferencesTabWantsToAppear(touchBar->appsTab());
+    EXPECT_THAT(cutOff(settled(*PreferencesWindowController::cls().window())), IsEmpty());
+}
+
+TEST_P(CutOffTest, TheExpertTab) {
+    preferencesWith("General");
+    controller().handleKeyDown(
+        {KeyEvent::Type::KeyDown, 0, kFlagOption | kFlagCommand, QStringLiteral("0"), false});
+    EXPECT_THAT(cutOff(settled(*PreferencesWindowController::cls().window())), IsEmpty());
+}
+
+TEST_P(CutOffTest, BothPagesOfTheAuthorizationWindow) {
+    here.platform.trust.trusted = false;
+    AuthWindowController::cls().showWindow(nullptr);
+    EXPECT_THAT(cutOff(settled(*AuthWindowController::cls().window())), IsEmpty());
+    here.platform.trust.trusted = true;
+    TrustedProcessChecker::checkIsTrusted();
+    EXPECT_THAT(cutOff(settled(*AuthWindowController::cls().window())), IsEmpty());
+}
+
+TEST_P(CutOffTest, BothLooksOfTheHUD) {
+    HUDOwner owner;
+    const TopLevelObjects objects = TouchBarHUDController::loadFromNib(&owner);
+    ASSERT_TRUE(owner.hud());
+    for (const TouchBarHUDVariant *look : {owner.hud()->onVariant(), owner.hud()->offVariant()}) {
+        ASSERT_TRUE(look->largeView()->findChild<QLabel *>());
+        EXPECT_THAT(cutOff(*look->largeView()), IsEmpty());
+    }
+}
+
+TEST_P(CutOffTest, TheSimulatedBar) {
+    const BarControls controls;
+    SimulatedBarWindow window(controls);
+    window.showCounts(12345, 12345);
+    window.ask();
+    window.show();
+    EXPECT_THAT(cutOff(settled(window)), IsEmpty());
+    QFont font = window.font();
+    font.setPixelSize(13);
+    for (const BarControl &control : barControls()) {
+        constexpr int kMargins = 8;
+        const QString name = Bundle::localizedString(control.name);
+        EXPECT_LE(QFontMetrics(font).horizontalAdvance(name) + kMargins, control.width)
+            << qUtf8Printable(name);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, CutOffTest, testing::Values("en", "de", "fr", "es", "ja", "zh_CN"),
+                         [](const auto &language) { return std::string(language.param); });
+
+TEST(CutOffOnPurposeTest, IsFound) {
+    const QString text = QStringLiteral("A text of some length");
+    QWidget window;
+    window.resize(100, 100);
+    QLabel narrow(text, &window);
+    QLabel low(text, &window);
+    QPushButton flat(text, &window);
+    QLabel outside(QStringLiteral("x"), &window);
+    QLabel good(QStringLiteral("x"), &window);
+    low.setWordWrap(true);
+    narrow.setGeometry(0, 0, 20, 40);
+    low.setGeometry(0, 0, 50, 10);
+    flat.setGeometry(0, 0, 400, 5);
+    outside.setGeometry(95, 0, 30, 40);
+    good.setGeometry(0, 0, 30, 40);
+    narrow.setObjectName(QStringLiteral("narrow"));
+    low.setObjectName(QStringLiteral("low"));
+    flat.setObjectName(QStringLiteral("flat"));
+    outside.setObjectName(QStringLiteral("outside"));
+    const QStringList found = cutOff(window);
+    EXPECT_EQ(found.size(), 4);
+    for (const char *name : {"narrow", "low", "flat", "outside"}) {
+        EXPECT_FALSE(found.filter(QString::fromLatin1(name)).isEmpty()) << name;
+    }
+}
+
+} // namespace barquell::test

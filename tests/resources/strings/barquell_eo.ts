@@ -1,0 +1,11 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="eo">
+<context>
+    <name>Bundle</name>
+    <message>
+        <source>Cancel</source>
+        <translation>Nuligi</translation>
+    </message>
+</context>
+</TS>
