@@ -11,6 +11,10 @@ public:
     /// macOS: AXIsProcessTrusted.
     virtual bool isProcessTrusted() const = 0;
 
+    /// Whether the system has a page of its own where trust is given; where it has none, our authorization
+    /// window stands in for it.
+    virtual bool hasPrivacyPage() const = 0;
+
 protected:
     AccessibilityTrust() = default;
     AccessibilityTrust(const AccessibilityTrust &) = default;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Observation.h"
+
 #include <QString>
 
 #include <functional>
@@ -11,17 +13,6 @@ namespace barquell {
 /// macOS: CFNotificationCenterGetDistributedCenter and NSDistributedNotificationCenter.
 class DistributedNotifications {
 public:
-    /// Ends the observation when it is destroyed.
-    class Observation {
-    public:
-        virtual ~Observation() = default;
-
-    protected:
-        Observation() = default;
-        Observation(const Observation &) = default;
-        Observation &operator=(const Observation &) = default;
-    };
-
     using Handler = std::function<void(const QString &name)>;
 
     virtual ~DistributedNotifications() = default;

@@ -59,6 +59,9 @@ public:
     /// kCGHeadInsertEventTap, kCGEventTapOptionDefault, mask, …).
     virtual std::unique_ptr<EventTap> create(EventMask mask, EventTapCallback callback) = 0;
 
+    /// Whether a callback's changes to an event's flags reach the applications. macOS: true.
+    virtual bool canChangeFlags() const = 0;
+
 protected:
     EventTaps() = default;
     EventTaps(const EventTaps &) = default;

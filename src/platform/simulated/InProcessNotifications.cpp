@@ -30,8 +30,7 @@ void InProcessNotifications::post(const QString &name) {
     }
 }
 
-std::unique_ptr<DistributedNotifications::Observation> InProcessNotifications::observe(const QString &name,
-                                                                                       Handler handler) {
+std::unique_ptr<Observation> InProcessNotifications::observe(const QString &name, Handler handler) {
     class Held final : public Observation {
     public:
         explicit Held(std::shared_ptr<Entry> entry) : _entry(std::move(entry)) {}

@@ -75,6 +75,9 @@ std::unique_ptr<EventTapSource> ScriptedEventTaps::Tap::createRunLoopSource() {
 std::unique_ptr<EventTap> ScriptedEventTaps::create(EventMask mask, EventTapCallback callback) {
     if (!_trust.isProcessTrusted()) {
         ++_timesAsked;
+        if (userWasAsked) {
+            userWasAsked();
+        }
         return nullptr;
     }
     if (refuseTaps) {

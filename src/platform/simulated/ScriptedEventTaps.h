@@ -4,6 +4,7 @@
 #include "platform/EventTap.h"
 #include "platform/simulated/ScriptedEvent.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,7 @@ public:
     explicit ScriptedEventTaps(const AccessibilityTrust &trust) : _trust(trust) {}
 
     std::unique_ptr<EventTap> create(EventMask mask, EventTapCallback callback) override;
+    bool canChangeFlags() const override { return flagsCanChange; }
 
     /// Hands an event to the tap. False where it was swallowed; it passes where no tap, a disabled one, or
     /// one that does not name its type stands in its way.
@@ -29,9 +31,11 @@ public:
     EventTapCallback installedCallback() const;
 
     int timesUserWasAsked() const { return _timesAsked; }
+    std::function<void()> userWasAsked; ///< called each time, where set
 
     bool refuseTaps = false;    ///< create() fails although the process is trusted
     bool refuseSources = false; ///< createRunLoopSource() fails
+    bool flagsCanChange = true;
 
     /// The calls made on taps, in their order.
     std::vector<std::string> journal;

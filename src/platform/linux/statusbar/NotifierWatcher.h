@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QDBusServiceWatcher>
+#include <QObject>
+#include <QString>
+
+namespace barquell {
+
+/// The session's register of status items, org.kde.StatusNotifierWatcher: whether it is there, and whether a
+/// panel (a "host") shows what it holds. Follows both by event and never waits for the register. Main thread
+/// only.
+class NotifierWatcher final : public QObject {
+    Q_OBJECT
+
+public:
+    explicit NotifierWatcher(const QDBusConnection &bus);
+
+    /// It has been found out whether the register is there; never without a bus.
+    bool isKnown() const { return _known; }
+    bool hasHost() const { return _hasHost; }
+
+    /// Who keeps the register now; empty without one. A new owner knows no items yet.
+    const QString &owner() const { return _owner; }
+
+    /// Tells the register of an item by its bus name, over the item's own connection.
+    static void registerItem(const QDBusConnection &connection, const QString &service);
+
+Q_SIGNALS:
+    /// Any of the answers above may have changed.
+    void changed();
+
+private Q_SLOTS:
+    void askForHost();
+
+private:
+    void askForOwner();
+    void ownerChanged(const QString &owner);
+    void finish(bool hasHost);
+
+    QDBusConnection _bus;
+    QDBusServiceWatcher _owners;
+    QString _owner;
+    bool _known = false;
+    bool _hasHost = false;
+};
+
+} // namespace barquell
