@@ -1,0 +1,192 @@
+#include "preferences/ContentWindow.h"
+
+#include "preferences/ContainerView.h"
+#include "preferences/WindowDelegate.h"
+#include "preferences/WindowFrame.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QEasingCurve>
+#include <QLayout>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QToolBar>
+#include <QWindow>
+
+namespace barquell {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+// A fifth of a second in steps of a screen's refresh.
+constexpr auto kAnimationStep = 16ms;
+constexpr int kAnimationSteps = 12;
+
+// Of the free room above and below a window, what is above: the eye takes that for the middle.
+constexpr double kShareAbove = 0.4;
+
+} // namespace
+
+ContentWindow::ContentWindow(QWidget *parent) : QMainWindow(parent) {
+    setContextMenuPolicy(Qt::PreventContextMenu); // it would offer to hide the toolbar
+}
+
+void ContentWindow::awakeFromNib() {
+    setResizable(_resizable); // now that it has the size of its file
+    const QRect room = screen()->availableGeometry();
+    move(room.x() + (room.width() - width()) / 2,
+         room.y() + std::max(0, qRound((room.height() - height()) * kShareAbove)));
+}
+
+ContainerView *ContentWindow::contentView() const {
+    return qobject_cast<ContainerView *>(centralWidget());
+}
+
+int ContentWindow::toolbarHeight() const {
+    const auto *toolbar = findChild<QToolBar *>(QString(), Qt::FindDirectChildrenOnly);
+    return toolbar ? toolbar->sizeHint().height() : 0;
+}
+
+/// What the window manager draws above and below the window.
+QMarginsF ContentWindow::margins() const {
+    const QRect outer = frameGeometry();
+    return QMarginsF(0, geometry().top() - outer.top(), 0, outer.bottom() - geometry().bottom());
+}
+
+QRectF ContentWindow::frame() const {
+    const QRect outer = frameGeometry();
+    return turnedOver(QRectF(geometry().left(), outer.top(), width(), outer.height()));
+}
+
+QRectF ContentWindow::frameRectForContentRect(const QRectF &content) const {
+    const QMarginsF toolbar(0, toolbarHeight(), 0, 0);
+    return turnedOver(turnedOver(content).marginsAdded(margins() + toolbar));
+}
+
+/// Higher up where it would grow over the lower edge of the screen and there is room above.
+QRectF ContentWindow::keptOnScreen(const QRectF &target) const {
+    const QRectF wanted = turnedOver(target);
+    const QRectF room = screen()->availableGeometry();
+    const double excess = std::min(wanted.bottom() - room.bottom(), wanted.top() - room.top());
+    const bool grows = wanted.height() > frame().height();
+    return grows && excess > 0 ? turnedOver(wanted.translated(0, -excess)) : target;
+}
+
+void ContentWindow::setFrame(const QRectF &wanted, bool animate, std::function<void()> then) {
+    _animation.reset();
+    _afterAnimation = std::move(then);
+    const QRectF frame = keptOnScreen(wanted);
+    if (animate) {
+        animateTo(frame);
+        return;
+    }
+    applyFrame(frame);
+    if (const auto after = std::exchange(_afterAnimation, {})) {
+        after();
+    }
+}
+
+void ContentWindow::animateTo(const QRectF &target) {
+    _animation =
+        RunLoop::main().scheduleRepeating(kAnimationStep, [this, from = frame(), target, step = 0]() mutable {
+            if (++step < kAnimationSteps) {
+                const QEasingCurve pace(QEasingCurve::InOutQuad);
+                applyFrame(between(from, target,
+                                   pace.valueForProgress(static_cast<double>(step) / kAnimationSteps)));
+            } else {
+                const QRectF last = target; // the next line ends what this function holds
+                setFrame(last, false, std::exchange(_afterAnimation, {}));
+            }
+        });
+}
+
+void ContentWindow::applyFrame(const QRectF &frame) {
+    QRect rect = onDevice(turnedOver(frame).marginsRemoved(margins()));
+    rect.setSize(rect.size().boundedTo(screen()->availableSize()));
+    setMinimumSize(0, 0);
+    setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    setGeometry(rect);
+    if (!_resizable) {
+        setFixedSize(rect.size());
+    }
+    if (!isVisible() && layout()) { // else what is inside would learn of it only when the window is shown
+        layout()->invalidate();
+        layout()->activate();
+    }
+}
+
+void ContentWindow::setResizable(bool resizable) {
+    _resizable = resizable;
+    if (resizable) {
+        setMinimumSize(0, 0);
+        setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    } else {
+        setFixedSize(size());
+    }
+}
+
+void ContentWindow::setContentMinSize(const QSizeF &size) {
+    _contentMinSize = size;
+    applyContentLimits();
+}
+
+void ContentWindow::setContentMaxSize(const QSizeF &size) {
+    _contentMaxSize = size;
+    applyContentLimits();
+}
+
+void ContentWindow::applyContentLimits() {
+    if (!_resizable) {
+        return;
+    }
+    const auto windowSize = [chrome = toolbarHeight()](const QSizeF &content) {
+        return onDevice(QRectF(QPointF(), QSizeF(content.width(), content.height() + chrome))).size();
+    };
+    const QSize screenSize = screen()->availableSize();
+    const QSize least = windowSize(_contentMinSize).boundedTo(screenSize);
+    setMinimumSize(least);
+    setMaximumSize(windowSize(_contentMaxSize).boundedTo(screenSize).expandedTo(least));
+}
+
+void ContentWindow::resizeEvent(QResizeEvent *event) {
+    QMainWindow::resizeEvent(event);
+    if (WindowDelegate *hears = delegate()) {
+        hears->windowDidResize();
+    }
+}
+
+void ContentWindow::closeEvent(QCloseEvent *event) {
+    WindowDelegate *asked = delegate();
+    const bool byUser = event->spontaneous();
+    if ((byUser && hasSheet()) || (asked && !asked->windowShouldClose())) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    _animation.reset();
+    _afterAnimation = {};
+    if (asked) {
+        asked->windowWillClose();
+    }
+}
+
+void ContentWindow::mousePressEvent(QMouseEvent *event) {
+    QMainWindow::mousePressEvent(event);
+    if (_movableByBackground && event->button() == Qt::LeftButton && windowHandle()) {
+        windowHandle()->startSystemMove();
+    }
+}
+
+bool ContentWindow::hasSheet() const {
+    const auto children = findChildren<QWidget *>();
+    return std::any_of(children.begin(), children.end(), [](const QWidget *child) {
+        return child->isWindow() && child->isModal() && child->isVisible();
+    });
+}
+
+WindowDelegate *ContentWindow::delegate() const {
+    return dynamic_cast<WindowDelegate *>(_delegate.data());
+}
+
+} // namespace barquell
