@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QIcon>
+
+#import <AppKit/AppKit.h>
+
+namespace barquell {
+
+/// The same picture for the other side, at the screen's resolution; nil or a null icon for none.
+NSImage *nativeImage(const QIcon &icon, QSize size);
+QIcon iconFromNative(NSImage *image);
+
+} // namespace barquell
