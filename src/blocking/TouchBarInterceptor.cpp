@@ -265,6 +265,10 @@ bool TouchBarInterceptor::effectivelyEnabled() {
     return state().effectivelyEnabled;
 }
 
+ModifierFlags TouchBarInterceptor::pauseKeysHeld() {
+    return state().pauseKeyAllowed ? platform().modifierState->currentFlags() & state().pauseKeyMask : 0;
+}
+
 void TouchBarInterceptor::requestAuthorization() {
     constexpr EventMask kEveryEvent = ~EventMask{0};
     platform().eventTaps->create(kEveryEvent, [](EventType, Event *event) { return event; });

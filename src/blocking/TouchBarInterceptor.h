@@ -49,6 +49,9 @@ public:
     /// Blocking was in force when it was last computed.
     static bool effectivelyEnabled();
 
+    /// Those of the chosen pause keys that are held now; none while they are not honoured.
+    static ModifierFlags pauseKeysHeld();
+
     /// Makes the system ask the user for access, by a tap that is never enabled.
     static void requestAuthorization();
 

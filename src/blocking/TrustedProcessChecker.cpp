@@ -72,7 +72,7 @@ struct Static {
     bool trusted = false;
     std::unique_ptr<ObserverTable> observers;
     std::unique_ptr<RunLoop::Timer> pollTimer;
-    std::unique_ptr<DistributedNotifications::Observation> accessibilityChanges;
+    std::unique_ptr<Observation> accessibilityChanges;
 };
 
 Static &state() {

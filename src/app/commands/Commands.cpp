@@ -1,8 +1,11 @@
 #include "app/commands/Commands.h"
 
 #include "app/Place.h"
+#include "app/commands/ActiveCommands.h"
 #include "app/commands/Arguments.h"
 #include "app/commands/DefaultsCommand.h"
+#include "app/commands/DoctorCommand.h"
+#include "app/commands/RemoteCommands.h"
 #include "app/commands/ReplayCommand.h"
 #include "app/commands/StartCommand.h"
 #include "app/commands/StatusCommand.h"
@@ -24,16 +27,23 @@ struct Command {
     int (*run)(const QStringList &arguments);
 };
 
-int runOnStoredSettings(const QStringList &arguments) {
+/// A command that needs the stored settings and nothing else.
+template <int (*Run)(const QStringList &)>
+int onStoredSettings(const QStringList &arguments) {
     installThisMachine();
-    return runDefaults(arguments);
+    return Run(arguments);
 }
 
 constexpr std::array kCommands{
     Command{"status", "say what is running, trusted and held", runStatus},
     Command{"doctor", "check what is needed, and say what mends what is missing", runDoctor},
+    Command{"show", "let the running copy show itself", runShow},
+    Command{"quit", "end every running copy", runQuit},
+    Command{"toggle", "toggle the Touch Bar from the next start on", onStoredSettings<runToggle>},
+    Command{"active", "make the Touch Bar active or not, from the next start on",
+            onStoredSettings<runActive>},
     Command{"replay", "say what becomes of recorded touches", runReplay},
-    Command{"defaults", "read, write or delete settings", runOnStoredSettings},
+    Command{"defaults", "read, write or delete settings", onStoredSettings<runDefaults>},
 };
 
 int printHelp() {
@@ -44,6 +54,7 @@ int printHelp() {
         std::printf("  %-10s %s\n", command.name, command.summary);
     }
     std::puts("\n  barquell COMMAND --help   how to use a command\n"
+              "  barquell --simulate       start with a Touch Bar in a window\n"
               "  barquell --version        which version this is");
     return kExitSuccess;
 }
@@ -68,7 +79,7 @@ const Command *commandNamed(const QString &name) {
 } // namespace
 
 int runCommand(const QStringList &words) {
-    if (words.isEmpty()) {
+    if (words.isEmpty() || words == QStringList(QLatin1String(kSimulateOption))) {
         return runStart(words);
     }
     const QString &word = words.constFirst();

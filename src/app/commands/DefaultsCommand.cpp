@@ -1,6 +1,7 @@
 #include "app/commands/DefaultsCommand.h"
 
 #include "app/commands/Arguments.h"
+#include "app/commands/SavedSettings.h"
 #include "app/commands/ValueText.h"
 #include "foundation/UserDefaults.h"
 #include "foundation/Values.h"
@@ -16,7 +17,6 @@ namespace barquell {
 
 namespace {
 
-using Outcome = SettingsStore::Outcome;
 using Reader = std::optional<QVariant> (*)(const QString &text);
 
 const QString kCommand = QStringLiteral("defaults");
@@ -118,19 +118,6 @@ void addOptions(QCommandLineParser &parser, const QString &verb) {
     parser.addOption({kArray, QStringLiteral("Write a list of the texts that follow, of none if need be.")});
 }
 
-/// What a failed write has to say was said by the store.
-int finish(UserDefaults &defaults) {
-    constexpr int tries = 20; // of a tenth of a second each, if somebody keeps the store locked
-    Outcome outcome = Outcome::TryLater;
-    for (int attempt = 0; attempt < tries && outcome == Outcome::TryLater; ++attempt) {
-        outcome = defaults.synchronize();
-    }
-    if (outcome == Outcome::TryLater) {
-        return failure(QStringLiteral("The settings were not saved: another process keeps them locked"));
-    }
-    return outcome == Outcome::Done ? kExitSuccess : kExitFailure;
-}
-
 int missing(const QString &key) {
     return failure(QStringLiteral("There is no setting \"%1\"").arg(key).simplified());
 }
@@ -159,7 +146,7 @@ int store(UserDefaults &defaults, const QString &key, const QVariant &value) {
         return wrongUsage(kCommand, QStringLiteral("That cannot be stored"));
     }
     defaults.setObject(value, key);
-    return finish(defaults);
+    return saveSettings(defaults);
 }
 
 int runWrite(UserDefaults &defaults, const QStringList &operands, const QCommandLineParser &parser,
@@ -193,13 +180,13 @@ int runDelete(UserDefaults &defaults, const QStringList &operands) {
     }
     if (operands.isEmpty()) {
         defaults.removePersistentDomain();
-        return finish(defaults);
+        return saveSettings(defaults);
     }
     if (!defaults.persistentDomain().contains(operands.first())) {
         return missing(operands.first());
     }
     defaults.removeObjectForKey(operands.first());
-    return finish(defaults);
+    return saveSettings(defaults);
 }
 
 bool isArrayOption(const QString &word) {

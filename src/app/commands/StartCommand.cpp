@@ -1,52 +1,79 @@
 #include "app/commands/StartCommand.h"
 
+#include "app/Entry.h"
+#include "app/InterfaceRooms.h"
 #include "app/Place.h"
-#include "app/RegisteredDefaults.h"
-#include "app/StateChangeText.h"
+#include "app/StatusReport.h"
 #include "app/commands/Arguments.h"
-#include "app/live/RunningCopy.h"
-#include "app/live/TerminationSignals.h"
-#include "blocking/TouchBarInterceptor.h"
+#include "app/scripting/SetTouchBarActiveCommand.h"
+#include "app/scripting/ToggleTouchBarCommand.h"
+#include "foundation/Bundle.h"
 #include "foundation/Log.h"
-#include "foundation/NotificationCenter.h"
 #include "foundation/RunLoop.h"
-#include "foundation/UserDefaults.h"
+#include "foundation/Values.h"
+#include "foundation/interface/Image.h"
+#include "platform/Platform.h"
+#include "platform/Workspace.h"
+#include "platform/linux/Memory.h"
+#include "platform/linux/session/LinuxAppLifecycle.h"
+#include "process/Windows.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QIcon>
+
+#include <chrono>
 
 namespace barquell {
 
 namespace {
 
-void logStateChange(const Notification &notification) {
-    const int source = notification.userInfo.value(QStringLiteral("source")).toInt();
-    log(stateChangeText(source, TouchBarInterceptor::effectivelyEnabled()));
+constexpr std::chrono::seconds kStartIsOver{1}; // with what other programs ask of a new status item
+
+ScriptCommands scriptCommands() {
+    return {.toggleTouchBar = [] { ToggleTouchBarCommand().performDefaultImplementation(); },
+            .setTouchBarActive =
+                [](bool active) {
+                    SetTouchBarActiveCommand command;
+                    command.arguments.insert(QString(), active);
+                    command.performDefaultImplementation();
+                },
+            .status = statusReport};
+}
+
+/// Where nobody can be asked what to do about it, it is the end of this copy.
+bool anotherCopyRuns() {
+    return platform().workspace->runningCopies(Bundle::mainBundleIdentifier()) > 0 &&
+           !boolValue(qEnvironmentVariable("AllowMultipleInstances"));
+}
+
+/// As desktops know the program: its windows belong to its desktop entry, and carry its picture.
+void introduceWindows() {
+    Bundle::localizeToolkit();
+    QGuiApplication::setDesktopFileName(Bundle::mainBundleIdentifier());
+    QGuiApplication::setWindowIcon(imageNamed(Bundle::mainBundleIdentifier()));
+    registerInterfaceClasses();
 }
 
 } // namespace
 
-int runStart(const QStringList & /*arguments*/) {
-    RunningCopy copy;
-    const RunningCopy::Claim claim = copy.claim();
-    if (claim == RunningCopy::Claim::Taken) {
+int runStart(const QStringList &arguments) {
+    const bool simulated = arguments.contains(QLatin1String(kSimulateOption));
+    if (simulated && !hasWindows()) {
+        return failure(QStringLiteral("the simulated Touch Bar needs a display"));
+    }
+    LinuxAppLifecycle &lifecycle = installThisSession(simulated ? Bar::Simulated : Bar::Real);
+    if (hasWindows()) {
+        introduceWindows();
+    } else if (anotherCopyRuns()) {
         return failure(QStringLiteral("another copy is running (see 'barquell status')"));
+    } else {
+        log(QStringLiteral("There is no display; Barquell blocks without windows"));
     }
-    if (claim == RunningCopy::Claim::Impossible) {
-        log(QStringLiteral("No mark of this copy can be left; a second one would not be noticed"));
-    }
-    const TerminationSignals signalled([] { QCoreApplication::quit(); });
-    installThisMachine();
-    registerDefaults(UserDefaults::standard());
-    QObject observer;
-    NotificationCenter::defaultCenter().addObserver(observer, touchBarStateChangedNotification(),
-                                                    logStateChange);
-    RunLoop::main().performAsync([] {
-        TouchBarInterceptor::subscribeToUserDefaults();
-        if (!TrustedProcessChecker::isTrusted()) {
-            log(QStringLiteral("Not trusted to filter; touches pass (see 'barquell doctor')"));
-        }
+    lifecycle.setScriptCommands(scriptCommands());
+    return runApplication([] {
+        watchScreenShield();
+        RunLoop::main().performAfter(kStartIsOver, giveBackFreeMemory);
     });
-    return QCoreApplication::exec();
 }
 
 } // namespace barquell

@@ -4,11 +4,7 @@
 
 namespace barquell {
 
-/// `barquell status`: what is running, trusted and grabbed.
+/// `barquell status`: what is running, trusted, held back and held.
 int runStatus(const QStringList &arguments);
-
-/// `barquell doctor`: checks what the program needs and says what mends what is missing. Fails where
-/// something is.
-int runDoctor(const QStringList &arguments);
 
 } // namespace barquell

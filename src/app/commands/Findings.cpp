@@ -1,0 +1,69 @@
+#include "app/commands/Findings.h"
+
+#include "app/Place.h"
+#include "app/RegisteredDefaults.h"
+#include "foundation/UserDefaults.h"
+#include "platform/Platform.h"
+#include "platform/linux/session/RunningCopy.h"
+
+namespace barquell {
+
+using namespace std::chrono_literals;
+
+namespace {
+
+void readSettings(Findings &findings) {
+    UserDefaults settings(platform().settingsStore, UserDefaults::Following::No);
+    registerDefaults(settings);
+    findings.enabled = settings.boolForKey(QStringLiteral("Enabled"));
+    findings.launchAtStart = settings.boolForKey(QStringLiteral("LaunchAtStart"));
+}
+
+} // namespace
+
+std::optional<TapHolder> Findings::holder() const {
+    return welcome() ? std::optional(TapHolder(*welcome(), processId)) : std::nullopt;
+}
+
+/// The running copy knows best: a simulated bar has a switch of its own.
+bool Findings::isTrusted() const {
+    const QVariant reported = report.value(QStringLiteral("trusted"));
+    if (reported.isValid()) {
+        return reported.toBool();
+    }
+    const auto *why = std::get_if<ProbeFailure>(&server);
+    return !why || *why == ProbeFailure::Silent || *why == ProbeFailure::Refused;
+}
+
+QString Findings::serverState() const {
+    if (welcome()) {
+        return QStringLiteral("answers");
+    }
+    switch (std::get<ProbeFailure>(server)) {
+    case ProbeFailure::Absent:
+        return QStringLiteral("absent");
+    case ProbeFailure::Forbidden:
+        return QStringLiteral("forbidden");
+    case ProbeFailure::Silent:
+        return QStringLiteral("silent");
+    case ProbeFailure::Refused:
+        break;
+    }
+    return QStringLiteral("refuses");
+}
+
+Findings lookAround() {
+    installThisMachine();
+    Findings findings;
+    RunningProgram program;
+    findings.asked = program.status(findings.report);
+    findings.processId = program.processId();
+    if (!findings.processId) {
+        findings.processId = RunningCopy::processId(); // a session without a bus
+    }
+    readSettings(findings);
+    findings.server = probeServer(tapServerSocket(), 1s);
+    return findings;
+}
+
+} // namespace barquell

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "app/commands/TapHolder.h"
+#include "platform/linux/client/ServerProbe.h"
+#include "platform/linux/session/RunningProgram.h"
+
+#include <QVariantMap>
+
+#include <optional>
+
+namespace barquell {
+
+/// All that can be known of the program from outside of it: what the running copy says of itself, the
+/// settings, and how the tap server is.
+struct Findings {
+    std::optional<qint64> processId; ///< of the copy that runs
+    RunningProgram::Outcome asked = RunningProgram::Outcome::NoBus;
+    QVariantMap report;         ///< see statusReport(); empty where `asked` is not Done
+    bool enabled = false;       ///< the settings want blocking
+    bool launchAtStart = false; ///< the settings want the program to start at login
+    std::variant<protocol::ServerMessage, ProbeFailure> server;
+
+    const protocol::ServerMessage *welcome() const { return std::get_if<protocol::ServerMessage>(&server); }
+    std::optional<TapHolder> holder() const; ///< where the server answers
+    bool isTrusted() const;
+
+    /// "answers", or in a word why not.
+    QString serverState() const;
+};
+
+/// Looks; waits for the tap server and the running copy a few seconds at most.
+Findings lookAround();
+
+} // namespace barquell
