@@ -123,6 +123,20 @@ TEST_F(TouchReaderTest, AfterAnOverrunNothingIsKnownAndEveryFingerCountsAsGone) 
     EXPECT_THAT(feed({{kAbsMtTrackingId, 3}}), ElementsAre(Seen{kTouchBegan, 3}));
 }
 
+TEST_F(TouchReaderTest, AnAnswerAfterLostEventsIsBelievedAndEndsTheDoubt) {
+    feed({{kAbsMtTrackingId, 3}, {kAbsMtPositionX, 5}});
+    reader.feed({0, kEvSyn, kSynDropped, 0});
+    Contacts held(2);
+    held[0].trackingId = 3;
+    held[0].axis(kAbsMtPositionX) = 9;
+    held[1].trackingId = 4;
+    reader.resync(held, 1);
+    EXPECT_EQ(reader.contacts(), held);
+    EXPECT_EQ(reader.frame().count(kTouchCancelled), 0);
+    EXPECT_THAT(feed({{kAbsMtTrackingId, -1}}),
+                testing::Contains(Seen{kTouchEnded, 4})); // its slot is current
+}
+
 TEST_F(TouchReaderTest, ATimeStampBelongsToItsFrame) {
     feed({{0, kEvMsc, kMscTimestamp, 1200}, {0, kEvSyn, kSynReport, 0}});
     EXPECT_EQ(reader.timestamp(), 1200);

@@ -1,0 +1,153 @@
+"""The program where the desktop around it is poor, breaks, or is unkind."""
+
+import json
+import pathlib
+import signal
+import tempfile
+import time
+
+from bar import BRIGHTNESS, Bar
+from desktop import Failure, expect_equal, wait_until
+from program_checks import PROGRAM, Barquell, install_entry, two_applications
+
+TARGET = BRIGHTNESS[0] + 215  # on the slider, well beyond where its knob stands at first
+
+
+def check_hardship_without_a_window_manager_it_blocks_and_bypasses_when_one_comes(desktop):
+    Barquell(desktop).command("defaults", "write", "BypassApps", "-array", "org.example.terminal")
+    desktop.manager.kill()
+    bar = Bar(desktop)
+    two_applications(desktop)
+    bar.is_held_back()
+    expect_equal("in front", bar.barquell.status()["frontmostApplication"], "")
+    bar.barquell.command("show")
+    desktop.window("Barquell Preferences")
+    desktop.start_manager()
+    desktop.focus("terminal")
+    bar.locate()  # framed now
+    bar.waits_for("pauseFlags", ["bypassed application"])
+    bar.passes()
+    desktop.focus("message")
+    bar.waits_for("pauseFlags", [])
+    bar.is_held_back()
+
+
+def check_hardship_bus_that_restarts_is_used_again(desktop):
+    bar = Bar(desktop)
+    desktop.bus.kill()
+    bar.program.expect("The session bus went away")
+    desktop.click(bar.place[0] + TARGET, bar.place[1] + 10)
+    desktop.start_bus()
+    bar.program.expect("The session bus is there")
+    bar.waits_for("pid", bar.program.process.pid)
+    expect_equal("moved by a touch without a bus", bar.slider_reaches(TARGET - 20), False)
+    desktop.output("dbus-send", "--session", "--type=signal", "/", "com.apple.shieldWindowRaised")
+    bar.waits_for("pauseFlags", ["screen shield"])
+    desktop.click(bar.place[0] + TARGET, bar.place[1] + 10)
+    wait_until("a touch passes", lambda: bar.slider_reaches(TARGET - 20))
+    bar.barquell.command("quit")
+    wait_until("it ended", lambda: bar.program.process.poll() is not None)
+    expect_equal("exit status", bar.program.process.returncode, 0)
+
+
+def check_hardship_screen_that_a_lost_bus_left_covered_is_not_covered_for_ever(desktop):
+    """Who covered it went with the bus, and can not say any more that it is over."""
+    saver = pathlib.Path(__file__).resolve().parent / "screensaver"
+    running = desktop.start(saver)
+    running.expect("ready")
+    bar = Bar(desktop)
+    running.signal(signal.SIGUSR1)
+    bar.waits_for("pauseFlags", ["screen shield"])
+    desktop.bus.kill()
+    bar.program.expect("The session bus went away")
+    desktop.start_bus()
+    bar.waits_for("pauseFlags", [])
+
+
+BROKEN = {
+    "org.example.name": b"[Desktop Entry]\nType=Application\nName=Caf\xe9\xff\nExec=xterm\nStartupWMClass=BrokenName\n",
+    "org.example.class": b"[Desktop Entry]\nType=Application\nName=Class\nExec=nothing\nStartupWMClass=\xff\xfe\xe9\n",
+    "org.example.utf16": "[Desktop Entry]\nType=Application\nName=Wide\nStartupWMClass=Wide\n".encode("utf-16"),
+    "org.example.zeros": b"\0" * 4096,
+    "org.example.long": b"[Desktop Entry]\nName=" + b"\xf0\x9f" * 500_000 + b"\nStartupWMClass=Long\n",
+}
+
+
+def check_hardship_desktop_entries_in_a_broken_encoding(desktop):
+    folder = desktop.directory / "home/.local/share/applications"
+    install_entry(desktop, "org.example.message", name="Message", program="xmessage", window_class="Xmessage")
+    for identifier, content in BROKEN.items():
+        (folder / f"{identifier}.desktop").write_bytes(content)
+    (folder / "org.example.folder.desktop").mkdir()
+    (folder / "org.example.dangling.desktop").symlink_to("nowhere")
+    (folder / "org.example.loop.desktop").symlink_to("org.example.loop.desktop")
+    (folder / "caf\udce9.desktop").write_bytes(BROKEN["org.example.name"].replace(b"BrokenName", b"BrokenFile"))
+    Barquell(desktop).command("defaults", "write", "BypassApps", "-array", "org.example.name", *BROKEN)
+    bar = Bar(desktop, XDG_DATA_DIRS=str(desktop.directory / "none"))  # not what this machine has installed
+    for window_class, flags in (("BrokenName", ["bypassed application"]), ("BrokenFile", []), ("Nobody", [])):
+        desktop.start("xterm", "-class", window_class, "-T", window_class)
+        desktop.focus(window_class)
+        bar.waits_for("pauseFlags", flags)
+        bar.becomes(*((0, 1) if flags else (1, 0)))
+    expect_equal("known by its class", bar.barquell.status()["frontmostApplication"], "")
+    bar.barquell.command("show")
+    desktop.window("Barquell Preferences")
+
+
+TOGGLES = 10_000
+REST = 0.5  # seconds
+TOGGLE_OFTEN = """
+import dbus, dbus.lowlevel, sys
+bus = dbus.SessionBus()
+for _ in range(int(sys.argv[1])):
+    bus.send_message(dbus.lowlevel.SignalMessage("/", "com.vexolith.barquell", "toggle"))
+bus.get_name_owner("org.freedesktop.DBus")  # answered when all are on the bus
+"""
+
+
+def memory_kilobytes(pid: int) -> int:
+    """The most that the process has held at once."""
+    status = pathlib.Path(f"/proc/{pid}/status").read_text(encoding="ascii")
+    return int(status.split("VmHWM:")[1].split()[0])
+
+
+def check_hardship_ten_thousand_toggles_at_once(desktop):
+    with tempfile.TemporaryDirectory(dir="/dev/shm") as folder:  # each is written through to the disk: 4 ms on some
+        desktop.environment["XDG_CONFIG_HOME"] = folder
+        return toggle_often(desktop, pathlib.Path(folder) / PROGRAM)
+
+
+def toggle_often(desktop, settings):
+    bar = Bar(desktop)
+    pid = bar.program.process.pid
+
+    def active():
+        return json.loads(bar.barquell.command("defaults", "read", "--json")).get("Active")
+
+    bar.is_held_back()
+
+    def at_rest() -> bool:
+        """Something was written, but not lately."""
+        file = settings / "settings.json"
+        return file.exists() and time.time() - file.stat().st_mtime > REST
+
+    before = memory_kilobytes(pid)
+    began = time.monotonic()
+    sender = desktop.start("/usr/bin/python3", "-c", TOGGLE_OFTEN, TOGGLES - 1)
+    longest = 0.0
+    while sender.process.poll() is None or not at_rest():
+        asked = time.monotonic()
+        bar.touch()
+        longest = max(longest, time.monotonic() - asked)
+        if asked - began > 60:
+            raise Failure("still writing after a minute")
+    took = time.monotonic() - began - REST
+    expect_equal("Active after an odd number", active(), True)
+    desktop.output("dbus-send", "--session", "--type=signal", "/", "com.vexolith.barquell.toggle")
+    wait_until("Active is false after an even number", lambda: active() is False)
+    bar.is_held_back()
+    expect_equal("passed", bar.counts()[1], 0)
+    grown = memory_kilobytes(pid) - before
+    if grown > 16 * 1024 or longest > 2:
+        raise Failure(f"{grown} KiB more, a touch took {longest:.1f} s")
+    return f"{took:.1f} s, {grown} KiB more at most, a touch took {longest * 1000:.0f} ms at most"
