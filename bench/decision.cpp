@@ -8,35 +8,11 @@
 #include "foundation/UserDefaults.h"
 #include "foundation/VirtualRunLoop.h"
 #include "platform/simulated/ScriptedPlatform.h"
+#include "support/CountedAllocations.h"
 
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <new>
-
-namespace {
-
-long allocations = 0;
-
-} // namespace
-
-// NOLINTBEGIN(cppcoreguidelines-owning-memory): these are the owners
-void *operator new(std::size_t size) {
-    ++allocations;
-    if (void *memory = std::malloc(size)) {
-        return memory;
-    }
-    throw std::bad_alloc();
-}
-
-void operator delete(void *memory) noexcept {
-    std::free(memory);
-}
-
-void operator delete(void *memory, std::size_t /*size*/) noexcept {
-    std::free(memory);
-}
-// NOLINTEND(cppcoreguidelines-owning-memory)
 
 namespace {
 
@@ -81,12 +57,12 @@ int main(int argc, char **argv) {
     callback(warmUp.type, &warmUp);
 
     const long count = std::atol(argv[2]);
-    const long before = allocations;
+    const std::size_t before = test::allocations();
     long swallowed = 0;
     for (long i = 0; i < count; ++i) {
         ScriptedEvent event = prototype;
         swallowed += callback(event.type, &event) == nullptr ? 1 : 0;
     }
-    std::printf("%ld swallowed, %ld allocations\n", swallowed, allocations - before);
+    std::printf("%ld swallowed, %zu allocations\n", swallowed, test::allocations() - before);
     return 0;
 }
