@@ -2,6 +2,10 @@
 add_library(barquell_flags INTERFACE)
 target_compile_options(barquell_flags INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor
                                                 -Wold-style-cast -Woverloaded-virtual -Werror)
+if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+  # Within a group gcc takes a source for a header, and what is anonymous in it for a mistake.
+  target_compile_options(barquell_flags INTERFACE -Wno-subobject-linkage)
+endif()
 target_compile_definitions(barquell_flags INTERFACE QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII)
 
 if(BARQUELL_SANITIZE)
