@@ -40,7 +40,8 @@ std::vector<evdev::InputEvent> FakeBar::report() {
 
 std::optional<tapd::BarState> FakeBar::state() {
     report();
-    return unplugged ? std::nullopt : std::optional(tapd::BarState{_driver.contacts(), _slot});
+    const bool eventsWaited = grabbed && std::exchange(tapAtGrab, false);
+    return unplugged ? std::nullopt : std::optional(tapd::BarState{_driver.contacts(), _slot, eventsWaited});
 }
 
 bool FakeBar::grab() {

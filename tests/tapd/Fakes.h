@@ -72,6 +72,7 @@ public:
     bool refusesClone = false;
     bool cloneIsBroken = false;
     std::int32_t fingerAfterGrab = -1; ///< comes down in the moment of the grab
+    bool tapAtGrab = false;            ///< a finger comes down and lifts in the moment of the grab
 
     bool grabbed = false;
     bool hasClone = false;

@@ -76,6 +76,22 @@ TEST_F(GrabTest, AFingerOnTheBarPutsTheGrabOff) {
     EXPECT_THAT(bar.seen, IsEmpty()) << "the touch was the real bar's alone";
 }
 
+TEST_F(GrabTest, ATouchThatCameAndWentInTheMomentOfTheGrabPutsItOffUntilTheNextOne) {
+    plug(bar);
+    hello(client);
+    create(client);
+    bar.tapAtGrab = true;
+    announce(bar);
+    EXPECT_FALSE(bar.grabbed) << "the others may still hold that finger";
+    bar.down(0, 100);
+    report(bar);
+    EXPECT_FALSE(bar.grabbed);
+    bar.up(0);
+    report(bar);
+    EXPECT_TRUE(bar.grabbed);
+    EXPECT_THAT(bar.seen, IsEmpty()) << "both touches were the real bar's alone";
+}
+
 TEST_F(GrabTest, AFingerThatComesInTheMomentOfTheGrabPutsItOff) {
     plug(bar);
     bar.fingerAfterGrab = 100;

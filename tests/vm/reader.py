@@ -11,7 +11,7 @@ import time
 
 EV_SYN, EV_KEY, EV_ABS = 0, 1, 3
 SLOT, X, Y, TOOL, ID = 0x2F, 0x35, 0x36, 0x37, 0x39
-BTN_TOUCH = 0x14A
+BTN_TOUCH, SYN_DROPPED = 0x14A, 3
 PATIENCE = 20.0  # seconds; emulated machines are slow, and only a failure waits so long
 
 

@@ -63,6 +63,7 @@ void BarRelay::deliver(std::int64_t time, Time now) {
 void BarRelay::resync(Time now) {
     if (const auto state = _port.state()) {
         _reader.resync(state->contacts, state->slot);
+        _eventsWaited = state->eventsWaited;
         const auto sinceStart = std::chrono::duration_cast<std::chrono::microseconds>(now.time_since_epoch());
         deliver(sinceStart.count(), now);
     }
@@ -108,8 +109,9 @@ void BarRelay::tryGrab(Time now) {
         _toldOfGrab = true;
         return;
     }
-    // A finger that came down just before the grab was seen by the others; they have to see its end as well.
-    if (!isFree(now)) {
+    // A finger that came down just before the grab was seen by the others; they have to see its end as well. Where
+    // it has lifted already they may have missed that, and their next touch puts them right.
+    if (!isFree(now) || _eventsWaited) {
         _port.ungrab();
         return;
     }

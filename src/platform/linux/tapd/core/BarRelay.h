@@ -84,6 +84,7 @@ private:
     bool _grabbed = false;
     bool _failed = false; // not tried again until somebody asks anew
     bool _toldOfGrab = false;
+    bool _eventsWaited = false; ///< when the bar was last asked
 };
 
 } // namespace barquell::tapd

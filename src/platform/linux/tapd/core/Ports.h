@@ -59,6 +59,7 @@ protected:
 struct BarState {
     evdev::Contacts contacts;
     std::int32_t slot = 0;
+    bool eventsWaited = false; ///< and were forgotten
 };
 
 /// A bar's node, and the place where its clone is made.

@@ -21,13 +21,16 @@ ReadResult readEvents(int node, EventBatch &batch) {
     return {std::span(batch).first(count), false};
 }
 
-void forgetEvents(int node) {
+bool forgetEvents(int node) {
     // The kernel keeps eight packets (drivers/input/evdev.c, evdev_compute_buffer_size); with 256 slots of a
     // dozen axes each that makes 32768 events.
     constexpr int kMaximumReads = 512;
     EventBatch forgotten;
-    for (int i = 0; i < kMaximumReads && !readEvents(node, forgotten).events.empty(); ++i) {
+    int reads = 0;
+    while (reads < kMaximumReads && !readEvents(node, forgotten).events.empty()) {
+        ++reads;
     }
+    return reads > 0;
 }
 
 } // namespace barquell::tapd

@@ -18,8 +18,8 @@ struct ReadResult {
 };
 
 /// Forgets what waits to be read, but no more than a node can hold: a device that reports faster than it is
-/// read would keep us for ever.
-void forgetEvents(int node);
+/// read would keep us for ever. Whether there was any.
+bool forgetEvents(int node);
 
 /// Reads from an evdev node that does not wait.
 ReadResult readEvents(int node, EventBatch &batch);

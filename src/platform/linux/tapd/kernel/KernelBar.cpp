@@ -19,13 +19,17 @@ std::optional<BarState> KernelBar::state() {
     // with a slot that is not its own. A bar reports every few milliseconds, so a second try meets silence.
     constexpr int kTries = 3;
     std::optional<BarState> state;
+    bool eventsWaited = false;
     for (int i = 0; i < kTries; ++i) {
-        forgetEvents(_node.get());
+        eventsWaited = forgetEvents(_node.get()) || eventsWaited;
         state = heldSlots(_node.get(), _description);
         pollfd more{_node.get(), POLLIN, 0};
         if (::poll(&more, 1, 0) == 0) {
             break;
         }
+    }
+    if (state) {
+        state->eventsWaited = eventsWaited;
     }
     return state;
 }
