@@ -61,4 +61,14 @@ TEST(ServerProbeTest, AServerThatRefusesIsTold) {
     answering.join();
 }
 
+TEST(ServerProbeTest, AUserWithoutAGrantIsToldFromOtherRefusals) {
+    FakeServer server;
+    std::thread answering([&] {
+        EXPECT_TRUE(server.accept());
+        server.send({.type = protocol::ServerMessageType::Refused, .reason = protocol::Refusal::NotGranted});
+    });
+    EXPECT_EQ(failureOf(server.path(), 20s), ProbeFailure::NotGranted);
+    answering.join();
+}
+
 } // namespace barquell::test

@@ -54,10 +54,10 @@ TEST(Protocol, APacketOfAnotherSizeIsNone) {
 
 TEST(Protocol, UnknownTypesAreNone) {
     EXPECT_FALSE(decodes(clientMessage(ClientMessageType{})));
-    EXPECT_FALSE(decodes(clientMessage(ClientMessageType{6})));
+    EXPECT_FALSE(decodes(clientMessage(ClientMessageType{8})));
     ServerMessage message;
     EXPECT_FALSE(decodes(message));
-    message.type = ServerMessageType{8};
+    message.type = ServerMessageType{10};
     EXPECT_FALSE(decodes(message));
 }
 
@@ -87,6 +87,51 @@ TEST(Protocol, AHolderIsAProcessOrOneOfTheTwoOthers) {
     bars.type = ServerMessageType::Bars;
     bars.holder = 1;
     EXPECT_FALSE(decodes(bars));
+}
+
+TEST(Protocol, WishesAboutTheGrantCarryAVersionAlone) {
+    for (const auto type : {ClientMessageType::RequestGrant, ClientMessageType::WithdrawGrant}) {
+        ClientMessage message = clientMessage(type);
+        message.version = kVersion;
+        EXPECT_TRUE(decodes(message));
+        message.on = 1;
+        EXPECT_FALSE(decodes(message));
+    }
+    for (const auto type : {ServerMessageType::Granted, ServerMessageType::Withdrawn}) {
+        ServerMessage message;
+        message.type = type;
+        EXPECT_TRUE(decodes(message));
+        message.reason = Refusal::Denied;
+        EXPECT_FALSE(decodes(message));
+    }
+}
+
+TEST(Protocol, ARefusalHasAReason) {
+    ServerMessage message;
+    message.type = ServerMessageType::Refused;
+    EXPECT_FALSE(decodes(message));
+    for (const auto reason : {Refusal::Version, Refusal::NotGranted, Refusal::Failed}) {
+        message.reason = reason;
+        EXPECT_TRUE(decodes(message));
+    }
+    message.reason = Refusal{8};
+    EXPECT_FALSE(decodes(message));
+}
+
+TEST(Protocol, InFrontIsATruthValueOfAWelcome) {
+    ServerMessage message;
+    message.type = ServerMessageType::Welcome;
+    message.inFront = 1;
+    EXPECT_TRUE(decodes(message));
+    message.inFront = 2;
+    EXPECT_FALSE(decodes(message));
+    message.inFront = 1;
+    message.type = ServerMessageType::Bars;
+    EXPECT_FALSE(decodes(message));
+    message = {};
+    message.type = ServerMessageType::Welcome;
+    message.zero = 1;
+    EXPECT_FALSE(decodes(message));
 }
 
 TEST(Protocol, OnIsATruthValue) {

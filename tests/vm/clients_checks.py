@@ -7,7 +7,7 @@ from reader import clones, until
 from touch_checks import require, tap
 from world import World, checks_of
 
-VERSION = 2  # of the protocol
+VERSION = 3  # of the protocol
 
 
 def second_client_is_told_busy(world: World) -> None:
@@ -37,7 +37,7 @@ def new_tap_at_once_keeps_the_grab(world: World) -> None:
 def nonsense_ends_one_client_alone(world: World) -> None:
     bar = world.plug("bar", "t2-bar")
     good = world.tapping("block")
-    for size in (1, 31, 32, 33, 304, 60000):
+    for size in (1, 31, 32, 33, 312, 60000):
         bad = world.client()
         bad.say(f"raw {size}")
         bad.expect("refused 3")

@@ -14,6 +14,8 @@
 // do:
 //
 //     hello        say hello (any other line but raw may follow only then)
+//     request      ask for the grant, in place of hello
+//     withdraw     give it up, in place of hello
 //     create       create a tap for gestures and modifiers
 //     destroy      destroy it
 //     on, off      enable and disable it
@@ -59,9 +61,10 @@ void send(const State &state, ClientMessageType type, bool on = false) {
     send(state, message);
 }
 
-void hello(const State &state) {
+/// Hello, or a wish about the grant.
+void first(const State &state, ClientMessageType type) {
     ClientMessage message;
-    message.type = ClientMessageType::Hello;
+    message.type = type;
     message.version = kVersion;
     send(state, message);
 }
@@ -80,7 +83,9 @@ void sendNonsense(const State &state, std::size_t size) {
 
 void obey(State &state, std::string_view line) {
     if (line == "hello") {
-        hello(state);
+        first(state, ClientMessageType::Hello);
+    } else if (line == "request" || line == "withdraw") {
+        first(state, line == "request" ? ClientMessageType::RequestGrant : ClientMessageType::WithdrawGrant);
     } else if (line == "create") {
         create(state);
     } else if (line == "destroy") {
@@ -117,8 +122,8 @@ void judge(State &state, const ServerMessage &frame) {
 void hear(State &state, const ServerMessage &message) {
     switch (message.type) {
     case ServerMessageType::Welcome:
-        std::printf("welcome flags %llx bars %u/%u\n", static_cast<unsigned long long>(message.flags),
-                    message.barsGrabbed, message.barsKnown);
+        std::printf("welcome flags %llx bars %u/%u%s\n", static_cast<unsigned long long>(message.flags),
+                    message.barsGrabbed, message.barsKnown, message.inFront != 0 ? "" : " behind");
         break;
     case ServerMessageType::Refused:
         std::printf("refused %u\n", static_cast<unsigned>(message.reason));
@@ -137,6 +142,12 @@ void hear(State &state, const ServerMessage &message) {
         break;
     case ServerMessageType::Bars:
         std::printf("bars %u/%u\n", message.barsGrabbed, message.barsKnown);
+        break;
+    case ServerMessageType::Granted:
+        std::printf("granted\n");
+        break;
+    case ServerMessageType::Withdrawn:
+        std::printf("withdrawn\n");
         break;
     }
 }

@@ -22,6 +22,7 @@ Check checkServer(const Findings &findings) {
         return {QStringLiteral("this user may speak to the tap server"), false,
                 QStringLiteral("start it for a group of this user: ") + start};
     case ProbeFailure::Silent:
+    case ProbeFailure::NotGranted:
     case ProbeFailure::Refused:
         break;
     }

@@ -46,6 +46,8 @@ QString Findings::serverState() const {
         return QStringLiteral("forbidden");
     case ProbeFailure::Silent:
         return QStringLiteral("silent");
+    case ProbeFailure::NotGranted:
+        return QStringLiteral("not granted");
     case ProbeFailure::Refused:
         break;
     }

@@ -7,8 +7,11 @@
 
 namespace barquell {
 
-std::variant<protocol::ServerMessage, ProbeFailure> probeServer(const QString &socketPath,
-                                                                std::chrono::milliseconds limit) {
+using protocol::ServerMessage;
+using protocol::ServerMessageType;
+
+std::variant<ServerMessage, ProbeFailure>
+askServer(const QString &socketPath, protocol::ClientMessageType word, std::chrono::milliseconds limit) {
     const QByteArray path = socketPath.toLocal8Bit();
     if (::access(path.constData(), F_OK) != 0) {
         return ProbeFailure::Absent;
@@ -17,9 +20,7 @@ std::variant<protocol::ServerMessage, ProbeFailure> probeServer(const QString &s
         return ProbeFailure::Forbidden;
     }
     const FileDescriptor socket = connectToServer(path);
-    const protocol::ClientMessage hello{.type = protocol::ClientMessageType::Hello,
-                                        .version = protocol::kVersion};
-    if (!socket.isValid() || !sendToServer(socket, hello)) {
+    if (!socket.isValid() || !sendToServer(socket, {.type = word, .version = protocol::kVersion})) {
         return ProbeFailure::Silent;
     }
     pollfd waiting{socket.get(), POLLIN, 0};
@@ -31,10 +32,18 @@ std::variant<protocol::ServerMessage, ProbeFailure> probeServer(const QString &s
     if (!answer) {
         return ProbeFailure::Silent;
     }
-    if (answer->type != protocol::ServerMessageType::Welcome) {
-        return ProbeFailure::Refused;
-    }
     return *answer;
+}
+
+std::variant<ServerMessage, ProbeFailure> probeServer(const QString &socketPath,
+                                                      std::chrono::milliseconds limit) {
+    auto answer = askServer(socketPath, protocol::ClientMessageType::Hello, limit);
+    const auto *message = std::get_if<ServerMessage>(&answer);
+    if (!message || message->type == ServerMessageType::Welcome) {
+        return answer;
+    }
+    return message->reason == protocol::Refusal::NotGranted ? ProbeFailure::NotGranted
+                                                            : ProbeFailure::Refused;
 }
 
 } // namespace barquell

@@ -11,11 +11,17 @@ namespace barquell {
 
 /// Why the tap server could not be asked.
 enum class ProbeFailure {
-    Absent,    ///< there is no socket
-    Forbidden, ///< the socket is there, but not for us
-    Silent,    ///< nobody listens, or nobody answers in time
-    Refused,   ///< another version, or no room
+    Absent,     ///< there is no socket
+    Forbidden,  ///< the socket is there, but not for us
+    Silent,     ///< nobody listens, or nobody answers in time
+    NotGranted, ///< this user may not filter
+    Refused,    ///< another version, or no room
 };
+
+/// Says one of the first words to the tap server and waits for its answer until the limit; fails as far as
+/// Silent. Any thread.
+std::variant<protocol::ServerMessage, ProbeFailure>
+askServer(const QString &socketPath, protocol::ClientMessageType word, std::chrono::milliseconds limit);
 
 /// Asks the tap server how it is; waits for its answer until the limit. Any thread.
 std::variant<protocol::ServerMessage, ProbeFailure> probeServer(const QString &socketPath,

@@ -5,15 +5,16 @@
 
 namespace barquell {
 
-std::unique_ptr<TapConnection> TapConnection::open(const QString &socketPath, MessageHandler onMessage,
-                                                   LossHandler onLoss) {
+std::unique_ptr<TapConnection> TapConnection::open(const QString &socketPath,
+                                                   protocol::ClientMessageType first,
+                                                   MessageHandler onMessage, LossHandler onLoss) {
     FileDescriptor socket = connectToServer(socketPath.toLocal8Bit());
     if (!socket.isValid()) {
         return nullptr;
     }
     std::unique_ptr<TapConnection> connection(
         new TapConnection(std::move(socket), std::move(onMessage), std::move(onLoss)));
-    connection->send({.type = protocol::ClientMessageType::Hello, .version = protocol::kVersion});
+    connection->send({.type = first, .version = protocol::kVersion});
     return connection;
 }
 

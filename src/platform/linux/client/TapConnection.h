@@ -18,10 +18,11 @@ public:
     using MessageHandler = std::function<void(const protocol::ServerMessage &message)>;
     using LossHandler = std::function<void()>;
 
-    /// Connects and says Hello; nullptr where nobody listens or we may not speak. The handlers are called
-    /// later from the run loop; only the one for the loss may destroy the connection.
-    static std::unique_ptr<TapConnection> open(const QString &socketPath, MessageHandler onMessage,
-                                               LossHandler onLoss);
+    /// Connects and says the first word (Hello, or a wish about the grant); nullptr where nobody listens or
+    /// we may not speak. The handlers are called later from the run loop; only the one for the loss may
+    /// destroy the connection.
+    static std::unique_ptr<TapConnection> open(const QString &socketPath, protocol::ClientMessageType first,
+                                               MessageHandler onMessage, LossHandler onLoss);
 
     void send(const protocol::ClientMessage &message);
 

@@ -133,7 +133,8 @@ void TapServerClient::connect() {
     }
     _remote = Remote::None;
     _connection = TapConnection::open(
-        _socketPath, [this](const ServerMessage &message) { handle(message); }, [this] { serverWentAway(); });
+        _socketPath, ClientMessageType::Hello, [this](const ServerMessage &message) { handle(message); },
+        [this] { serverWentAway(); });
     if (_connection) {
         askForTap();
     } else {
@@ -202,6 +203,8 @@ void TapServerClient::handle(const ServerMessage &message) {
         handleRefusal(message);
         break;
     case ServerMessageType::Bars:
+    case ServerMessageType::Granted:
+    case ServerMessageType::Withdrawn:
         break;
     }
 }
@@ -237,7 +240,13 @@ void TapServerClient::handleRefusal(const ServerMessage &message) {
                      .arg(message.version)
                      .arg(protocol::kVersion));
         break;
+    case Refusal::NotGranted:
+        complain(QStringLiteral("The tap server has no grant of this user; touches pass until it has"));
+        break;
     case Refusal::Malformed:
+    case Refusal::Denied:
+    case Refusal::NoAnswer:
+    case Refusal::Failed:
         complain(QStringLiteral("The tap server did not understand; touches pass"));
         break;
     }

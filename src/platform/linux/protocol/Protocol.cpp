@@ -23,6 +23,8 @@ ClientMessage withNamedFields(const ClientMessage &message) {
     named.type = message.type;
     switch (message.type) {
     case ClientMessageType::Hello:
+    case ClientMessageType::RequestGrant:
+    case ClientMessageType::WithdrawGrant:
         named.version = message.version;
         return named;
     case ClientMessageType::CreateTap:
@@ -58,6 +60,7 @@ ServerMessage withNamedFields(const ServerMessage &message) {
         named.version = message.version;
         named.flags = message.flags;
         named.holder = message.holder;
+        named.inFront = message.inFront;
         [[fallthrough]];
     case ServerMessageType::Bars:
         named.barsKnown = message.barsKnown;
@@ -75,6 +78,8 @@ ServerMessage withNamedFields(const ServerMessage &message) {
         return named;
     case ServerMessageType::TapCreated:
     case ServerMessageType::DisabledByTimeout:
+    case ServerMessageType::Granted:
+    case ServerMessageType::Withdrawn:
         return named;
     }
     return {};
@@ -109,10 +114,11 @@ bool isPlausible(const ServerMessage &message) {
     case ServerMessageType::Frame:
         return isPlausibleFrame(message);
     case ServerMessageType::Refused:
-        return message.reason >= Refusal::Version && message.reason <= Refusal::Malformed;
+        return message.reason >= Refusal::Version && message.reason <= Refusal::Failed;
     case ServerMessageType::Welcome:
     case ServerMessageType::Bars:
-        return message.holder >= kAnotherUser && message.barsGrabbed <= message.barsKnown;
+        return message.holder >= kAnotherUser && message.inFront <= 1 &&
+               message.barsGrabbed <= message.barsKnown;
     default:
         return true;
     }

@@ -14,40 +14,56 @@
 /// message does not name are 0. The protocol is our own; event types, phases and flags are the numbers of
 /// platform/Event.h and platform/ModifierFlags.h.
 ///
-///  1. The client says Hello within kHelloLimit. The server answers Welcome, or Refused and closes.
-///  2. From Welcome on the client hears FlagsChanged when the modifier word changes and Bars when a count
-///     does, whether it has a tap or not.
-///  3. CreateTap is answered by TapCreated, or by Refused{Busy} where somebody (also the client itself) has
-///     the tap; the connection stays and the client may try again later.
+///  1. Within kHelloLimit the client says Hello, RequestGrant or WithdrawGrant, and never again. Hello is
+///     answered by Welcome, or by Refused, and the connection is closed: NotGranted where this user has no
+///     grant.
+///  2. RequestGrant leads to the system's own question to the person, and is answered, after kQuestionLimit
+///  at
+///     the latest, by Granted, or by Refused: Denied, NoAnswer, Failed, or Busy while the same user or too
+///     many users are being asked. A user who has a grant is not asked. Then the connection is closed; a
+///     client that closes it before takes the question back. WithdrawGrant is answered by Withdrawn or
+///     Refused{Failed}, and the connection is closed.
+///  3. A grant that ends closes its user's connections: Refused{NotGranted}.
+///  4. From Welcome on the client hears Bars when a count changes, and FlagsChanged when the modifier word
+///     changes, whether it has a tap or not; of modifiers it hears only while its user is in front, and the
+///     current word when that begins.
+///  5. CreateTap is answered by TapCreated, or by Refused{Busy} where a client of the same user (also the
+///     client itself) has a tap; the connection stays and the client may try again later. Where the system
+///     does not say who is in front, everybody is, and another user's tap is as good a reason.
 ///     A Welcome says who has the tap, so that a person can be told whom to ask.
-///  4. A new tap is disabled. SetEnabled is not answered.
-///  5. While the tap is enabled and its mask names EventType::Gesture, each frame of each bar is sent as
-///     Frame and waits for its Verdict. Several may be out at a time; verdicts come in the order of the
-///     frames.
-///  6. A frame without its Verdict kVerdictLimit after it was sent: all frames out pass, the tap is
+///  6. A new tap is disabled. SetEnabled is not answered.
+///  7. The tap of the user in front acts: while it is enabled and its mask names EventType::Gesture, each
+///     frame of each bar is sent as Frame and waits for its Verdict. Several may be out at a time; verdicts
+///     come in the order of the frames. Other users' taps rest, and are told nothing of it.
+///  8. A frame without its Verdict kVerdictLimit after it was sent: all frames out pass, the tap is
 ///     disabled, and DisabledByTimeout is sent. SetEnabled{true} enables it again.
-///  7. Frames out when the client disables or destroys its tap pass. Verdicts on them that come late are
-///     ignored; numbers never repeat on a connection.
-///  8. DestroyTap is not answered. A client that goes away has destroyed its tap. A CreateTap that follows
+///  9. Frames out when the client disables or destroys its tap, or when the tap begins to rest, pass.
+///  Verdicts
+///     on them that come late are ignored; numbers never repeat on a connection.
+/// 10. DestroyTap is not answered. A client that goes away has destroyed its tap. A CreateTap that follows
 ///     within kGrabLinger finds the bars still grabbed.
-///  9. A packet that decode refuses, a second Hello, anything before Hello, a tap's message without a tap
-///     (late verdicts excepted), or a verdict out of turn: Refused{Malformed}, and the connection is closed.
-/// 10. There is room for 16 clients, 4 of one user; one more is told Refused{Busy} instead of Welcome.
+/// 11. A packet that decode refuses, one of rule 1's messages twice, anything before them, a tap's message
+///     without a tap (late verdicts excepted), or a verdict out of turn: Refused{Malformed}, and the
+///     connection is closed.
+/// 12. There is room for 16 clients, 4 of one user; one more is told Refused{Busy} instead of Welcome.
 namespace barquell::protocol {
 
-inline constexpr std::uint32_t kVersion = 2;
+inline constexpr std::uint32_t kVersion = 3;
 inline constexpr const char *kDefaultSocket = "/run/barquell/tap.sock";
 
-inline constexpr std::int64_t kVerdictLimit = 1'000'000; ///< microseconds
-inline constexpr std::int64_t kHelloLimit = 5'000'000;   ///< microseconds
-inline constexpr std::int64_t kGrabLinger = 200'000;     ///< microseconds
+inline constexpr std::int64_t kVerdictLimit = 1'000'000;    ///< microseconds
+inline constexpr std::int64_t kHelloLimit = 5'000'000;      ///< microseconds
+inline constexpr std::int64_t kGrabLinger = 200'000;        ///< microseconds
+inline constexpr std::int64_t kQuestionLimit = 300'000'000; ///< microseconds
 
 enum class ClientMessageType : std::uint32_t {
     Hello = 1,  ///< version
     CreateTap,  ///< eventMask
     SetEnabled, ///< on
     DestroyTap,
-    Verdict, ///< frame, on: the frame passes
+    Verdict,       ///< frame, on: the frame passes
+    RequestGrant,  ///< version
+    WithdrawGrant, ///< version
 };
 
 struct ClientMessage {
@@ -62,19 +78,25 @@ struct ClientMessage {
 };
 
 enum class ServerMessageType : std::uint32_t {
-    Welcome = 1, ///< version, barsKnown, barsGrabbed, flags, holder
+    Welcome = 1, ///< version, barsKnown, barsGrabbed, flags, holder, inFront
     Refused,     ///< reason, version
     TapCreated,
     Frame,        ///< frame, flags, touchCounts, listedTouches, touches
     FlagsChanged, ///< flags
     DisabledByTimeout,
     Bars, ///< barsKnown, barsGrabbed
+    Granted,
+    Withdrawn,
 };
 
 enum class Refusal : std::uint32_t {
     Version = 1, ///< the server speaks the version given beside it; the connection is closed
     Busy,        ///< the tap is taken, or (before Welcome, then the connection is closed) there is no room
     Malformed,   ///< the connection is closed
+    NotGranted,  ///< this user may not filter (any more); the connection is closed
+    Denied,      ///< a person said no, or the system did without asking
+    NoAnswer,    ///< there is nobody to ask, or nobody answered in time
+    Failed,      ///< the grant could not be written or removed; the server's log says why
 };
 
 /// A finger in a frame; x and y are fractions of the bar's width and height.
@@ -87,8 +109,9 @@ struct Touch {
     bool operator==(const Touch &) const = default;
 };
 
-/// Who has the tap, where it is no process id. A user's clients hear of that user's processes and root's of
-/// all; of another user's process nobody hears more than that there is one.
+/// Who has the tap (this user's, or where there is none the one that acts), where it is no process id. A
+/// user's clients hear of that user's processes and root's of all; of another user's process nobody hears
+/// more than that there is one.
 inline constexpr std::int32_t kNobody = 0;
 inline constexpr std::int32_t kAnotherUser = -1;
 
@@ -106,6 +129,8 @@ struct ServerMessage {
     std::array<std::uint16_t, kPhases> touchCounts{}; ///< of all touches; entry n counts phase 1 << n
     std::uint16_t listedTouches = 0;                  ///< how many of them follow
     std::int32_t holder = kNobody; ///< the process that had the tap when the client was welcomed
+    std::uint32_t inFront = 0;     ///< 0 or 1: so was the client's user
+    std::uint32_t zero = 0;
     std::array<Touch, kListedTouches> touches{}; ///< the first ones
 
     bool operator==(const ServerMessage &) const = default;
@@ -113,9 +138,9 @@ struct ServerMessage {
 
 static_assert(sizeof(ClientMessage) == 32 && std::is_trivially_copyable_v<ClientMessage>);
 static_assert(sizeof(Touch) == 16 && std::is_trivially_copyable_v<Touch>);
-static_assert(sizeof(ServerMessage) == 304 && std::is_trivially_copyable_v<ServerMessage>);
+static_assert(sizeof(ServerMessage) == 312 && std::is_trivially_copyable_v<ServerMessage>);
 static_assert(std::has_unique_object_representations_v<ClientMessage>, "no padding to leak through");
-static_assert(offsetof(ServerMessage, touches) == 48, "no padding to leak through");
+static_assert(offsetof(ServerMessage, touches) == 56, "no padding to leak through");
 
 /// The message in a packet; nothing where the packet is none. Any thread.
 std::optional<ClientMessage> decodeClientMessage(std::span<const std::byte> packet);

@@ -1,0 +1,165 @@
+#include "FakeServer.h"
+
+#include "platform/linux/client/GrantClient.h"
+#include "support/LogCapture.h"
+#include "support/Place.h"
+
+#include <gmock/gmock.h>
+
+#include <thread>
+
+namespace barquell::test {
+
+using namespace std::chrono_literals;
+using protocol::ClientMessageType;
+using protocol::Refusal;
+using protocol::ServerMessage;
+using protocol::ServerMessageType;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+class GrantClientTest : public testing::Test {
+protected:
+    GrantClientTest() { place(); }
+
+    void expectWish(ClientMessageType type) {
+        ASSERT_TRUE(server.accept());
+        const auto wish = server.next();
+        EXPECT_EQ(wish.type, type);
+        EXPECT_EQ(wish.version, protocol::kVersion);
+    }
+
+    bool hasEnded() {
+        return waitFor([this] {
+            place().loop.runPending();
+            return !client.isUnderWay();
+        });
+    }
+
+    void withdraw() {
+        client.withdraw([this](GrantOutcome outcome) { outcomes.push_back(outcome); });
+    }
+
+    LogCapture log;
+    FakeServer server;
+    GrantClient client{server.path()};
+    std::vector<GrantOutcome> outcomes;
+};
+
+ServerMessage refused(Refusal reason) {
+    return {.type = ServerMessageType::Refused, .version = protocol::kVersion, .reason = reason};
+}
+
+} // namespace
+
+TEST_F(GrantClientTest, ARequestIsToldAndItsOutcomeLogged) {
+    client.request();
+    EXPECT_TRUE(client.isUnderWay());
+    expectWish(ClientMessageType::RequestGrant);
+    server.send({.type = ServerMessageType::Granted});
+    EXPECT_TRUE(hasEnded());
+    EXPECT_THAT(log.lines, ElementsAre(QStringLiteral("This user may filter the Touch Bar")));
+    EXPECT_TRUE(server.clientHasGone());
+}
+
+TEST_F(GrantClientTest, OneRequestAtATime) {
+    client.request();
+    expectWish(ClientMessageType::RequestGrant);
+    client.request();
+    EXPECT_FALSE(server.isCalled());
+}
+
+TEST_F(GrantClientTest, ARequestThatWasRefusedMayBeMadeAgain) {
+    client.request();
+    expectWish(ClientMessageType::RequestGrant);
+    server.send(refused(Refusal::Denied));
+    EXPECT_TRUE(hasEnded());
+    client.request();
+    expectWish(ClientMessageType::RequestGrant);
+}
+
+TEST_F(GrantClientTest, AWithdrawalTakesAPendingRequestBack) {
+    client.request();
+    expectWish(ClientMessageType::RequestGrant);
+    withdraw();
+    EXPECT_TRUE(server.clientHasGone());
+    expectWish(ClientMessageType::WithdrawGrant);
+    server.send({.type = ServerMessageType::Withdrawn});
+    server.hangUp();
+    EXPECT_TRUE(hasEnded());
+    EXPECT_THAT(outcomes, ElementsAre(GrantOutcome::Withdrawn));
+    EXPECT_EQ(log.lines.size(), 1);
+}
+
+TEST_F(GrantClientTest, AServerThatGoesAwayIsSaid) {
+    withdraw();
+    expectWish(ClientMessageType::WithdrawGrant);
+    server.hangUp();
+    EXPECT_TRUE(hasEnded());
+    EXPECT_THAT(outcomes, ElementsAre(GrantOutcome::Silent));
+}
+
+TEST_F(GrantClientTest, WithoutAServerItIsSaid) {
+    server.die();
+    withdraw();
+    EXPECT_THAT(outcomes, IsEmpty()) << "not before it returns";
+    EXPECT_TRUE(hasEnded());
+    EXPECT_THAT(outcomes, ElementsAre(GrantOutcome::Unreachable));
+}
+
+TEST_F(GrantClientTest, TheHandlerMayAskForMore) {
+    client.withdraw([this](GrantOutcome) { client.request(); });
+    expectWish(ClientMessageType::WithdrawGrant);
+    server.send({.type = ServerMessageType::Withdrawn});
+    EXPECT_TRUE(waitFor([this] {
+        place().loop.runPending();
+        return server.isCalled();
+    }));
+    EXPECT_EQ(server.next().type, ClientMessageType::RequestGrant);
+    EXPECT_TRUE(client.isUnderWay());
+}
+
+TEST_F(GrantClientTest, AClientThatGoesTellsNobody) {
+    {
+        GrantClient short_lived(server.path());
+        short_lived.withdraw([this](GrantOutcome outcome) { outcomes.push_back(outcome); });
+        expectWish(ClientMessageType::WithdrawGrant);
+        server.hangUp();
+    }
+    runFor(50ms);
+    place().loop.runPending();
+    EXPECT_THAT(outcomes, IsEmpty());
+}
+
+TEST(GrantOutcomeTest, EachAnswerHasAMeaning) {
+    EXPECT_EQ(grantOutcome({.type = ServerMessageType::Granted}), GrantOutcome::Granted);
+    EXPECT_EQ(grantOutcome({.type = ServerMessageType::Withdrawn}), GrantOutcome::Withdrawn);
+    EXPECT_EQ(grantOutcome({.type = ServerMessageType::Welcome}), GrantOutcome::Silent);
+    const std::vector<std::pair<Refusal, GrantOutcome>> refusals{
+        {Refusal::Version, GrantOutcome::OtherVersion},
+        {Refusal::Malformed, GrantOutcome::OtherVersion},
+        {Refusal::Busy, GrantOutcome::Busy},
+        {Refusal::Denied, GrantOutcome::Denied},
+        {Refusal::NoAnswer, GrantOutcome::NoAnswer},
+        {Refusal::Failed, GrantOutcome::Failed},
+        {Refusal::NotGranted, GrantOutcome::Silent}};
+    for (const auto &[reason, outcome] : refusals) {
+        EXPECT_EQ(grantOutcome(refused(reason)), outcome);
+    }
+}
+
+TEST(WithdrawGrantTest, WaitsForTheAnswer) {
+    FakeServer server;
+    std::thread answering([&] {
+        EXPECT_TRUE(server.accept());
+        server.send({.type = ServerMessageType::Withdrawn});
+    });
+    EXPECT_EQ(withdrawGrant(server.path(), 20s), GrantOutcome::Withdrawn);
+    answering.join();
+    EXPECT_EQ(withdrawGrant(server.path(), 10ms), GrantOutcome::Silent);
+    EXPECT_EQ(withdrawGrant(QStringLiteral("/nowhere/tap.sock"), 10ms), GrantOutcome::Unreachable);
+}
+
+} // namespace barquell::test
