@@ -23,3 +23,7 @@ find_program(LLD ld.lld)
 if(LLD)
   add_link_options(-fuse-ld=lld) # several times faster, which the many tests notice
 endif()
+
+if(NOT BARQUELL_SANITIZE)
+  add_link_options(-Wl,-z,relro,-z,now) # no table of functions stays writable in a program that runs
+endif()
