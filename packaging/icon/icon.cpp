@@ -13,7 +13,7 @@
 
 namespace {
 
-/// What the container calls a PNG of that many pixels: 128, 256, 512, then the doubled 512, 16, 32, 128 and 256.
+/// What the container calls a PNG of that many pixels: 128, 256, 512, and those of doubled resolution.
 struct Entry {
     const char *name;
     int pixels;
