@@ -1,10 +1,13 @@
 #pragma once
 
-#include <QString>
-
 namespace barquell {
 
-class LinuxAppLifecycle;
+/// What the system wants done before the application object is made; `starts` where this process is to be the
+/// program itself.
+void prepareProcess(bool starts);
+
+/// Whether there is a display that a QApplication could use. Where that is a question it may take a moment.
+bool hasDisplay();
 
 /// Makes the machine that the program runs on the place where it lives, see Platform: what can be had without
 /// a session. To be called once, before anything reads a setting.
@@ -17,14 +20,10 @@ enum class Bar {
 };
 
 /// The same with all of the user's session, for the program itself; needs the application object, with
-/// windows where it is a QApplication. Gives the life that the program is to lead there.
-LinuxAppLifecycle &installThisSession(Bar bar);
+/// windows where it is a QApplication.
+void installThisSession(Bar bar);
 
-/// Begins to post whether a screen saver or a lock covers the screen; to be called once everybody listens,
-/// after installThisSession().
-void watchScreenShield();
-
-/// Where the tap server listens; BARQUELL_TAP_SOCKET in the environment names another place.
-QString tapServerSocket();
+/// What the place has to do once everybody listens, after installThisSession().
+void afterLaunch();
 
 } // namespace barquell

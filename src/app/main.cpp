@@ -1,7 +1,6 @@
-#include "app/Display.h"
+#include "app/Place.h"
 #include "app/commands/Commands.h"
 #include "app/commands/StartCommand.h"
-#include "platform/linux/Memory.h"
 
 #include <QApplication>
 
@@ -13,6 +12,7 @@ namespace {
 /// without, and Qt ends a process whose display does not answer.
 std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv) {
     const bool starts = argc < 2 || (argc == 2 && std::strcmp(argv[1], barquell::kSimulateOption) == 0);
+    barquell::prepareProcess(starts);
     if (starts && barquell::hasDisplay()) {
         return std::make_unique<QApplication>(argc, argv);
     }
@@ -22,7 +22,6 @@ std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv) {
 } // namespace
 
 int main(int argc, char **argv) {
-    barquell::shareMemoryAmongThreads();
     QCoreApplication::setApplicationName(QStringLiteral("barquell"));
     QCoreApplication::setApplicationVersion(QStringLiteral(BARQUELL_VERSION));
     const std::unique_ptr<QCoreApplication> application = makeApplication(argc, argv);

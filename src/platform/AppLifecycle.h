@@ -1,5 +1,9 @@
 #pragma once
 
+#include <QVariantMap>
+
+#include <functional>
+
 namespace barquell {
 
 /// How the application takes part in the desktop. The numbers are NSApplicationActivationPolicy's.
@@ -29,6 +33,15 @@ protected:
     AppLifecycleDelegate &operator=(const AppLifecycleDelegate &) = default;
 };
 
+/// What other programs may ask of this one. Each is called from the run loop of the main thread; one that is
+/// missing does nothing.
+struct ScriptCommands {
+    std::function<void()> toggleTouchBar = {};
+    std::function<void(bool)> setTouchBarActive = {};
+    std::function<QVariantMap()> status =
+        {}; ///< names to values that a bus can carry; asked where there is one
+};
+
 /// The application as the desktop sees it. Main thread only. macOS: NSApp.
 class AppLifecycle {
 public:
@@ -37,6 +50,9 @@ public:
     /// Held weakly by convention: the delegate takes itself out (nullptr) before it goes.
     virtual void setDelegate(AppLifecycleDelegate *delegate) = 0;
     virtual AppLifecycleDelegate *delegate() const = 0;
+
+    /// To be set before run(); a place that no script reaches forgets them. macOS: NSScriptCommand.
+    virtual void setScriptCommands(ScriptCommands /*commands*/) {}
 
     /// Runs the application until it terminates, and gives its exit status. macOS: NSApplicationMain.
     virtual int run() = 0;

@@ -1,8 +1,7 @@
 #include "app/commands/DoctorCommand.h"
 
 #include "app/commands/Arguments.h"
-#include "app/commands/Checks.h"
-#include "app/commands/Findings.h"
+#include "app/commands/Check.h"
 #include "app/commands/Report.h"
 
 #include <QJsonArray>
@@ -42,8 +41,7 @@ int runDoctor(const QStringList &arguments) {
     if (const auto done = parseReportArguments(parser, QStringLiteral("doctor"), description, arguments)) {
         return *done;
     }
-    const Findings findings = lookAround();
-    const QList<Check> checks = checkBlocking(findings) + checkDesktop(findings);
+    const QList<Check> checks = checkEverything();
     if (wantsJson(parser)) {
         printJson(asJson(checks));
     } else {

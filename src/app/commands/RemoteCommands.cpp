@@ -1,13 +1,11 @@
 #include "app/commands/RemoteCommands.h"
 
 #include "app/commands/Arguments.h"
-#include "platform/linux/session/RunningProgram.h"
+#include "app/commands/OtherCopies.h"
 
 namespace barquell {
 
 namespace {
-
-using Outcome = RunningProgram::Outcome;
 
 std::optional<int> parse(const QString &command, const QString &description, const QStringList &arguments) {
     QCommandLineParser parser;
@@ -20,20 +18,8 @@ std::optional<int> parse(const QString &command, const QString &description, con
                : std::optional(wrongUsage(command, QStringLiteral("takes no words")));
 }
 
-int finish(Outcome outcome) {
-    switch (outcome) {
-    case Outcome::Done:
-        return kExitSuccess;
-    case Outcome::NoBus:
-        return failure(QStringLiteral("There is no session bus to reach the running copy by"));
-    case Outcome::NotRunning:
-        return failure(QStringLiteral("Barquell is not running"));
-    case Outcome::Silent:
-        return failure(QStringLiteral("The running copy does not answer"));
-    case Outcome::Refused:
-        break;
-    }
-    return failure(QStringLiteral("The running copy does not know how"));
+int finish(const QString &complaint) {
+    return complaint.isEmpty() ? kExitSuccess : failure(complaint);
 }
 
 } // namespace
@@ -43,7 +29,7 @@ int runShow(const QStringList &arguments) {
     if (const auto done = parse(QStringLiteral("show"), description, arguments)) {
         return *done;
     }
-    return finish(RunningProgram().show());
+    return finish(showRunningCopy());
 }
 
 int runQuit(const QStringList &arguments) {
@@ -51,7 +37,7 @@ int runQuit(const QStringList &arguments) {
     if (const auto done = parse(QStringLiteral("quit"), description, arguments)) {
         return *done;
     }
-    return finish(RunningProgram().quit());
+    return finish(endRunningCopies());
 }
 
 } // namespace barquell

@@ -9,25 +9,19 @@
 #include "app/scripting/ToggleTouchBarCommand.h"
 #include "foundation/Bundle.h"
 #include "foundation/Log.h"
-#include "foundation/RunLoop.h"
 #include "foundation/Values.h"
 #include "foundation/interface/Image.h"
+#include "platform/AppLifecycle.h"
 #include "platform/Platform.h"
 #include "platform/Workspace.h"
-#include "platform/linux/Memory.h"
-#include "platform/linux/session/LinuxAppLifecycle.h"
 #include "process/Windows.h"
 
 #include <QGuiApplication>
 #include <QIcon>
 
-#include <chrono>
-
 namespace barquell {
 
 namespace {
-
-constexpr std::chrono::seconds kStartIsOver{1}; // with what other programs ask of a new status item
 
 ScriptCommands scriptCommands() {
     return {.toggleTouchBar = [] { ToggleTouchBarCommand().performDefaultImplementation(); },
@@ -61,7 +55,7 @@ int runStart(const QStringList &arguments) {
     if (simulated && !hasWindows()) {
         return failure(QStringLiteral("the simulated Touch Bar needs a display"));
     }
-    LinuxAppLifecycle &lifecycle = installThisSession(simulated ? Bar::Simulated : Bar::Real);
+    installThisSession(simulated ? Bar::Simulated : Bar::Real);
     if (hasWindows()) {
         introduceWindows();
     } else if (anotherCopyRuns()) {
@@ -69,11 +63,8 @@ int runStart(const QStringList &arguments) {
     } else {
         log(QStringLiteral("There is no display; Barquell blocks without windows"));
     }
-    lifecycle.setScriptCommands(scriptCommands());
-    return runApplication([] {
-        watchScreenShield();
-        RunLoop::main().performAfter(kStartIsOver, giveBackFreeMemory);
-    });
+    platform().appLifecycle->setScriptCommands(scriptCommands());
+    return runApplication(afterLaunch);
 }
 
 } // namespace barquell

@@ -1,6 +1,7 @@
 #include "platform/macos/MacAppLifecycle.h"
 
 #include "platform/macos/CenterObservation.h"
+#include "platform/macos/MacScriptCommands.h"
 
 #include <QApplication>
 
@@ -53,6 +54,10 @@ void MacAppLifecycle::setDelegate(AppLifecycleDelegate *delegate) {
 
 AppLifecycleDelegate *MacAppLifecycle::delegate() const {
     return _delegate;
+}
+
+void MacAppLifecycle::setScriptCommands(ScriptCommands commands) {
+    setMacScriptCommands(std::move(commands));
 }
 
 int MacAppLifecycle::run() {

@@ -15,49 +15,72 @@
 #include "platform/macos/MacStatusBar.h"
 #include "platform/macos/MacWorkspace.h"
 
+#include <memory>
+
 namespace barquell {
 
 namespace {
 
-struct Mac {
-    Mac(const QString &domain, const QStringList &keys) : settings(domain, keys), diagnostics(domain) {}
+/// What every process can have.
+struct Services {
+    Services(const QString &domain, const QStringList &keys) : settings(domain, keys), diagnostics(domain) {}
 
-    MacEventTaps taps;
     MacModifierState modifiers;
     MacAccessibilityTrust trust;
     MacDistributedNotifications notifications;
     MacSettingsStore settings;
-    MacHotKeys hotKeys;
-    MacKeyboardLayout keyboardLayout;
-    MacKeyEvents keyEvents;
     MacWorkspace workspace;
     MacApplications applications;
     MacLoginItem loginItem;
+    MacDiagnostics diagnostics;
+};
+
+/// What an application has.
+struct Application {
+    MacEventTaps taps;
+    MacHotKeys hotKeys;
+    MacKeyboardLayout keyboardLayout;
+    MacKeyEvents keyEvents;
     MacAppLifecycle lifecycle;
     MacStatusBar statusBar;
     MacOverlayPanels overlayPanels;
-    MacDiagnostics diagnostics;
 };
+
+/// Never taken down: statics that use it go in an order of their own.
+template <typename Part, typename... Arguments>
+Part &immortal(const Arguments &...arguments) {
+    return *std::make_unique<Part>(arguments...).release();
+}
+
+Platform servicesOnly(const QString &domain, const QStringList &keys) {
+    static auto &services = immortal<Services>(domain, keys);
+    return {.modifierState = &services.modifiers,
+            .accessibilityTrust = &services.trust,
+            .distributedNotifications = &services.notifications,
+            .settingsStore = &services.settings,
+            .workspace = &services.workspace,
+            .applications = &services.applications,
+            .loginItem = &services.loginItem,
+            .diagnostics = &services.diagnostics};
+}
 
 } // namespace
 
 void installMac(const QString &domain, const QStringList &settingsKeys) {
-    static Mac mac(domain, settingsKeys);
-    installPlatform({.eventTaps = &mac.taps,
-                     .modifierState = &mac.modifiers,
-                     .accessibilityTrust = &mac.trust,
-                     .distributedNotifications = &mac.notifications,
-                     .settingsStore = &mac.settings,
-                     .hotKeys = &mac.hotKeys,
-                     .keyboardLayout = &mac.keyboardLayout,
-                     .keyEvents = &mac.keyEvents,
-                     .workspace = &mac.workspace,
-                     .applications = &mac.applications,
-                     .loginItem = &mac.loginItem,
-                     .appLifecycle = &mac.lifecycle,
-                     .statusBar = &mac.statusBar,
-                     .overlayPanels = &mac.overlayPanels,
-                     .diagnostics = &mac.diagnostics});
+    static auto &application = immortal<Application>();
+    Platform place = servicesOnly(domain, settingsKeys);
+    place.eventTaps = &application.taps;
+    place.hotKeys = &application.hotKeys;
+    place.keyboardLayout = &application.keyboardLayout;
+    place.keyEvents = &application.keyEvents;
+    place.appLifecycle = &application.lifecycle;
+    place.statusBar = &application.statusBar;
+    place.overlayPanels = &application.overlayPanels;
+    installPlatform(place);
+}
+
+void installMacWithoutApplication(const QString &domain) {
+    installPlatform(servicesOnly(domain, {}));
 }
 
 } // namespace barquell

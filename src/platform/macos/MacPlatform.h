@@ -10,4 +10,8 @@ namespace barquell {
 /// The keys are those of the settings whose outside changes count.
 void installMac(const QString &domain, const QStringList &settingsKeys);
 
+/// The same for a process that shows nothing and ends soon: without what an application object is needed for,
+/// and without following the settings.
+void installMacWithoutApplication(const QString &domain);
+
 } // namespace barquell

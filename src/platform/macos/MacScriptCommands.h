@@ -1,16 +1,11 @@
 #pragma once
 
-#include <functional>
-#include <optional>
+#include "platform/AppLifecycle.h"
 
 namespace barquell {
 
-/// What the two commands of the scripting dictionary do; the program sets it before the first event.
-struct ScriptHandlers {
-    std::function<void()> toggleTouchBar;
-    std::function<void(std::optional<bool> active)> setTouchBarActive; ///< nothing: no argument was given
-};
-
-void setScriptHandlers(ScriptHandlers handlers);
+/// What the two commands of the scripting dictionary do from now on. A boolean that a script leaves out is
+/// false.
+void setMacScriptCommands(ScriptCommands commands);
 
 } // namespace barquell

@@ -6,15 +6,15 @@ namespace barquell {
 
 namespace {
 
-ScriptHandlers &handlers() {
-    static ScriptHandlers handlers;
-    return handlers;
+ScriptCommands &commands() {
+    static ScriptCommands commands;
+    return commands;
 }
 
 } // namespace
 
-void setScriptHandlers(ScriptHandlers replacing) {
-    handlers() = std::move(replacing);
+void setMacScriptCommands(ScriptCommands replacing) {
+    commands() = std::move(replacing);
 }
 
 } // namespace barquell
@@ -27,7 +27,7 @@ void setScriptHandlers(ScriptHandlers replacing) {
 @implementation ToggleTouchBarCommand
 
 - (id)performDefaultImplementation {
-    if (const auto &toggle = barquell::handlers().toggleTouchBar) {
+    if (const auto &toggle = barquell::commands().toggleTouchBar) {
         toggle();
     }
     return nil;
@@ -42,8 +42,8 @@ void setScriptHandlers(ScriptHandlers replacing) {
 
 - (id)performDefaultImplementation {
     id argument = [[self arguments] objectForKey:@""]; // the one parameter of the command
-    if (const auto &set = barquell::handlers().setTouchBarActive) {
-        set(argument ? std::optional(static_cast<bool>([argument boolValue])) : std::nullopt);
+    if (const auto &set = barquell::commands().setTouchBarActive) {
+        set(static_cast<bool>([argument boolValue]));
     }
     return nil;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/AppLifecycle.h"
 #include "platform/linux/session/TurnQueue.h"
 
 #include <QDBusAbstractAdaptor>
@@ -11,14 +12,6 @@
 #include <functional>
 
 namespace barquell {
-
-/// What other programs may ask of this one. Each is called from the run loop of the main thread; one that is
-/// missing does nothing.
-struct ScriptCommands {
-    std::function<void()> toggleTouchBar = {};
-    std::function<void(bool)> setTouchBarActive = {};
-    std::function<QVariantMap()> status = {}; ///< names to values that a bus can carry
-};
 
 /// The program's object on the session bus: org.freedesktop.Application, with which launchers start it and
 /// show it again, and its own interface com.vexolith.barquell. What is called wrongly is answered with an

@@ -19,15 +19,13 @@ public:
 
     void setDelegate(AppLifecycleDelegate *delegate) override { _delegate = delegate; }
     AppLifecycleDelegate *delegate() const override { return _delegate; }
+    void setScriptCommands(ScriptCommands commands) override { _object.commands = std::move(commands); }
     int run() override;
     void terminate() override;
     ActivationPolicy activationPolicy() const override { return _policy; }
     void setActivationPolicy(ActivationPolicy policy) override;
     void activate() override;
     void bringFirstProcessToFront() override {} // no such list here
-
-    /// What other programs may ask; to be set before run().
-    void setScriptCommands(ScriptCommands commands) { _object.commands = std::move(commands); }
 
 private:
     void enterBus();

@@ -29,6 +29,9 @@ enum : NSUInteger {
     NSEventModifierFlagOption = 1 << 19,
     NSEventModifierFlagCommand = 1 << 20,
 };
+typedef enum NSEventMask : unsigned long long {
+    NSEventMaskFlagsChanged = 1ULL << NSEventTypeFlagsChanged
+} NSEventMask;
 typedef NSUInteger NSTouchPhase;
 enum : NSUInteger {
     NSTouchPhaseBegan = 1 << 0,
@@ -48,6 +51,8 @@ enum : NSUInteger {
 @property(readonly, getter=isARepeat) BOOL ARepeat;
 @property(readonly, copy) NSString *charactersIgnoringModifiers;
 + (NSEvent *)eventWithCGEvent:(CGEventRef)cgEvent;
++ (id)addLocalMonitorForEventsMatchingMask:(NSEventMask)mask handler:(NSEvent * (^)(NSEvent *event))block;
++ (void)removeMonitor:(id)eventMonitor;
 - (NSSet *)touchesMatchingPhase:(NSTouchPhase)phase inView:(NSView *)view;
 @end
 

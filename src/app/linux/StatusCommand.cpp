@@ -1,8 +1,8 @@
 #include "app/commands/StatusCommand.h"
 
 #include "app/commands/Arguments.h"
-#include "app/commands/Findings.h"
 #include "app/commands/Report.h"
+#include "app/linux/Findings.h"
 
 #include <QJsonArray>
 

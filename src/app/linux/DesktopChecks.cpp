@@ -1,6 +1,6 @@
-#include "app/Display.h"
-#include "app/commands/Checks.h"
-#include "app/commands/Findings.h"
+#include "app/Place.h"
+#include "app/linux/Checks.h"
+#include "app/linux/Findings.h"
 #include "foundation/Bundle.h"
 #include "platform/linux/desktop/AutostartLoginItem.h"
 #include "platform/linux/desktop/DesktopEntries.h"
@@ -33,6 +33,11 @@ bool startsAtLogin() {
 }
 
 } // namespace
+
+QList<Check> checkEverything() {
+    const Findings findings = lookAround();
+    return checkBlocking(findings) + checkDesktop(findings);
+}
 
 QList<Check> checkDesktop(const Findings &findings) {
     QList<Check> checks{

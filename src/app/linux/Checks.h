@@ -1,18 +1,10 @@
 #pragma once
 
-#include <QList>
-#include <QString>
+#include "app/commands/Check.h"
 
 namespace barquell {
 
 struct Findings;
-
-/// One thing that the program needs.
-struct Check {
-    QString what;
-    bool good;
-    QString mend; ///< what to do where it is not good
-};
 
 /// What blocking needs: the settings, the tap server and the grant to use it, the running program, a bar.
 QList<Check> checkBlocking(const Findings &findings);

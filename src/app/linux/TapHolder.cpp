@@ -1,4 +1,4 @@
-#include "app/commands/TapHolder.h"
+#include "app/linux/TapHolder.h"
 
 namespace barquell {
 

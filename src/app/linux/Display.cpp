@@ -1,4 +1,4 @@
-#include "app/Display.h"
+#include "app/Place.h"
 
 #include "platform/linux/x11/XConnection.h"
 

@@ -1,5 +1,5 @@
-#include "app/commands/Checks.h"
-#include "app/commands/Findings.h"
+#include "app/linux/Checks.h"
+#include "app/linux/Findings.h"
 #include "platform/linux/FileSettingsStore.h"
 
 #include <QFileInfo>

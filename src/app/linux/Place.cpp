@@ -1,9 +1,13 @@
 #include "app/Place.h"
 
+#include "app/linux/TapServerSocket.h"
+
+#include "foundation/RunLoop.h"
 #include "menubar/AuthWindowController.h"
 #include "platform/Platform.h"
 #include "platform/linux/FileSettingsStore.h"
 #include "platform/linux/LinuxDiagnostics.h"
+#include "platform/linux/Memory.h"
 #include "platform/linux/client/SocketTrust.h"
 #include "platform/linux/client/TapServerClient.h"
 #include "platform/linux/desktop/AutostartLoginItem.h"
@@ -28,6 +32,8 @@
 namespace barquell {
 
 namespace {
+
+constexpr std::chrono::seconds kStartIsOver{1}; // with what other programs ask of a new status item
 
 FileSettingsStore &settings() {
     static FileSettingsStore store(FileSettingsStore::defaultPath());
@@ -104,11 +110,15 @@ Part &immortal() {
 
 } // namespace
 
+void prepareProcess(bool /*starts*/) {
+    shareMemoryAmongThreads();
+}
+
 void installThisMachine() {
     installPlatform({.settingsStore = &settings()});
 }
 
-LinuxAppLifecycle &installThisSession(Bar bar) {
+void installThisSession(Bar bar) {
     auto &session = immortal<Session>();
     Platform place{.eventTaps = &session.tapServer,
                    .modifierState = &session.tapServer,
@@ -139,12 +149,12 @@ LinuxAppLifecycle &installThisSession(Bar bar) {
     if (bar == Bar::Simulated) {
         immortal<Simulation>().begin();
     }
-    return lifecycle;
 }
 
-void watchScreenShield() {
+void afterLaunch() {
     static const ShieldWatch &watch = *std::make_unique<ShieldWatch>(immortal<Session>()).release();
     Q_UNUSED(watch);
+    RunLoop::main().performAfter(kStartIsOver, giveBackFreeMemory);
 }
 
 QString tapServerSocket() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/commands/TapHolder.h"
+#include "app/linux/TapHolder.h"
 #include "platform/linux/client/ServerProbe.h"
 #include "platform/linux/session/RunningProgram.h"
 

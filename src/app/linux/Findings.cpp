@@ -1,7 +1,8 @@
-#include "app/commands/Findings.h"
+#include "app/linux/Findings.h"
 
 #include "app/Place.h"
 #include "app/RegisteredDefaults.h"
+#include "app/linux/TapServerSocket.h"
 #include "foundation/UserDefaults.h"
 #include "platform/Platform.h"
 #include "platform/linux/session/RunningCopy.h"
