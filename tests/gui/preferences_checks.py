@@ -40,11 +40,11 @@ SHORTCUTS = {
 
 def nothing_happens(preferences, chord) -> None:
     """The key after it moves the focus, so the chord was heard by then."""
-    before = preferences.widgets.matching("check box", "General")
+    before = preferences.widgets.matching("radio button", "General")
     preferences.desktop.key(chord)
     preferences.widgets.moves_focus("Tab")
     preferences.has(TABS["Touch Bar"])
-    expect_equal("the toolbar", preferences.widgets.matching("check box", "General"), before)
+    expect_equal("the toolbar", preferences.widgets.matching("radio button", "General"), before)
 
 
 @TALL
@@ -55,7 +55,7 @@ def check_preferences_tabs_are_reached_by_keys_and_clicks(desktop):
         desktop.key(f"ctrl+{number}")
         preferences.expect_tab(name)
     for name in TABS:
-        preferences.widgets.click("check box", name)
+        preferences.widgets.click("radio button", name)
         preferences.expect_tab(name)
         preferences.waits_for("PreferencesWindowTabIdentifier", name.replace(" ", ""))
 

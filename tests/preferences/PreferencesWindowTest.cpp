@@ -1,5 +1,7 @@
 #include "PreferencesWindowFixture.h"
 
+#include <QAccessible>
+
 namespace barquell::test {
 
 using testing::ElementsAre;
@@ -275,6 +277,34 @@ TEST_F(PreferencesWindowTest, TheWindowIsGivenForATabOnlyWhileItIsVisibleOnIt) {
     EXPECT_EQ(controller->windowIfTabPresented(QStringLiteral("Gone")), nullptr);
     controller->handleKeyDown(key("0", kFlagOption | kFlagCommand));
     EXPECT_EQ(controller->windowIfTabPresented(QStringLiteral("Expert")), nullptr); // not in the chain
+}
+
+TEST_F(PreferencesWindowTest, AScreenReaderIsToldOfTheTabsAsChoices) {
+    show();
+    const auto *toolbar = window().findChild<QToolBar *>();
+    QStringList chosen;
+    for (QAction *item : toolbar->actions()) {
+        QAccessibleInterface *told = QAccessible::queryAccessibleInterface(toolbar->widgetForAction(item));
+        ASSERT_TRUE(told);
+        EXPECT_EQ(told->role(), QAccessible::RadioButton);
+        EXPECT_EQ(told->text(QAccessible::Name), item->text());
+        EXPECT_TRUE(told->state().checkable && told->state().focusable);
+        if (told->state().checked) {
+            chosen += told->text(QAccessible::Name);
+        }
+    }
+    EXPECT_EQ(chosen, QStringList{window().selectedItemIdentifier()});
+}
+
+TEST_F(PreferencesWindowTest, AScreenReaderChoosesATab) {
+    show();
+    const auto *toolbar = window().findChild<QToolBar *>();
+    QWidget *second = toolbar->widgetForAction(toolbar->actions().at(1));
+    QAccessibleActionInterface *actions = QAccessible::queryAccessibleInterface(second)->actionInterface();
+    ASSERT_TRUE(actions->actionNames().contains(QAccessibleActionInterface::toggleAction()));
+    actions->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_EQ(currentIdentifier(), toolbar->actions().at(1)->property("itemIdentifier").toString());
+    EXPECT_TRUE(QAccessible::queryAccessibleInterface(second)->state().checked);
 }
 
 } // namespace barquell::test
