@@ -1,5 +1,6 @@
 #include "preferences/ContentWindow.h"
 
+#include "foundation/interface/FreeRoom.h"
 #include "preferences/ContainerView.h"
 #include "preferences/WindowDelegate.h"
 #include "preferences/WindowFrame.h"
@@ -34,9 +35,9 @@ ContentWindow::ContentWindow(QWidget *parent) : QMainWindow(parent) {
 
 void ContentWindow::awakeFromNib() {
     setResizable(_resizable); // now that it has the size of its file
-    const QRect room = screen()->availableGeometry();
-    move(room.x() + (room.width() - width()) / 2,
-         room.y() + std::max(0, qRound((room.height() - height()) * kShareAbove)));
+    const QRect room = freeRoom(*screen());
+    const int rest = room.height() - titleHeight(*this) - height();
+    move(room.x() + (room.width() - width()) / 2, room.y() + std::max(0, qRound(rest * kShareAbove)));
 }
 
 ContainerView *ContentWindow::contentView() const {
@@ -64,11 +65,12 @@ QRectF ContentWindow::frameRectForContentRect(const QRectF &content) const {
     return turnedOver(turnedOver(content).marginsAdded(margins() + toolbar));
 }
 
-/// Higher up where it would grow over the lower edge of the screen and there is room above.
+/// Higher up where it would grow over the lower edge of the room for windows and there is room above.
 QRectF ContentWindow::keptOnScreen(const QRectF &target) const {
     const QRectF wanted = turnedOver(target);
-    const QRectF room = screen()->availableGeometry();
-    const double excess = std::min(wanted.bottom() - room.bottom(), wanted.top() - room.top());
+    const QRectF room = freeRoom(*screen());
+    const int titleToCome = isVisible() ? 0 : titleHeight(*this); // no part of the frame until it is shown
+    const double excess = std::min(wanted.bottom() + titleToCome - room.bottom(), wanted.top() - room.top());
     const bool grows = wanted.height() > frame().height();
     return grows && excess > 0 ? turnedOver(wanted.translated(0, -excess)) : target;
 }

@@ -24,7 +24,7 @@ class ContentWindow : public QMainWindow {
 public:
     explicit ContentWindow(QWidget *parent = nullptr);
 
-    /// In the middle of the screen, a little above: where it is until the user moves it.
+    /// In the middle of the room for windows, a little above: where it is until the user moves it.
     Q_INVOKABLE void awakeFromNib();
 
     /// nullptr where the interface file gave it none.
@@ -33,9 +33,9 @@ public:
     QRectF frame() const;
     QRectF frameRectForContentRect(const QRectF &content) const;
 
-    /// Held to the size of the screen, and above its lower edge where the window grows. Animated, the frame
-    /// is reached through the run loop; what is to follow is called after the last step, or not at all where
-    /// another frame is set or the window closes before.
+    /// Held to the size of the screen, and above the lower edge of the room for windows where it grows.
+    /// Animated, the frame is reached through the run loop; what is to follow is called after the last step,
+    /// or not at all where another frame is set or the window closes before.
     void setFrame(const QRectF &wanted, bool animate, std::function<void()> then = {});
 
     /// By the user.

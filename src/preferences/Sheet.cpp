@@ -13,6 +13,7 @@ void confirmInSheet(QWidget *window, const QString &question, QObject *context,
     auto *sheet = new QMessageBox(window); // NOLINT(cppcoreguidelines-owning-memory)
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     sheet->setWindowModality(Qt::WindowModal);
+    sheet->setWindowTitle(Bundle::localizedName());
     sheet->setIcon(QMessageBox::Warning);
     sheet->setText(question);
     const QPushButton *ok =

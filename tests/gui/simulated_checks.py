@@ -1,11 +1,14 @@
 """The program from a finger to a key of the bar: the simulated Touch Bar touched by a real pointer."""
 
 import pathlib
+import re
 import signal
 
 from bar import BRIGHTNESS, Bar
-from desktop import Failure, expect_equal, wait_until
+from desktop import Failure, expect_equal, on_screen, wait_until
+from preferences import TITLE, Preferences
 from program_checks import Barquell, two_applications
+from widgets import Widgets
 
 SAVER = pathlib.Path(__file__).resolve().parent / "screensaver"
 AUTHORIZATION = "Authorization Required"
@@ -178,3 +181,50 @@ def check_simulated_bar_leaves_nothing_behind_when_it_is_killed(desktop):
     expect_equal("another copy is thought to run", bar.barquell.status()["running"], False)
     expect_equal("windows", desktop.answer("xdotool", "search", "--class", "barquell"), "")
     Bar(desktop).is_held_back()  # and the next start finds its way free
+
+
+def rows(desktop, title: str) -> tuple:
+    """The first row of the screen that a window with its title takes, and the first below it."""
+    window = desktop.window(title)
+    told = desktop.output("xwininfo", "-id", window)
+    top, height = (int(re.search(rf"{what}: +(-?\d+)", told)[1]) for what in ("Absolute upper-left Y", "Height"))
+    extents = desktop.output("xprop", "-id", window, "_NET_FRAME_EXTENTS").split("=")[1]
+    _, _, above, below = (int(word) for word in extents.split(","))
+    return top - above, top + height + below
+
+
+def stays_clear(desktop) -> str:
+    """Every tab, and the authorization window, above the bar; the bar on the screen."""
+    height = int(desktop.output("xdotool", "getdisplaygeometry").split()[1])
+    preferences = Preferences(desktop)
+    seen = {}
+    for name in ("General", "Touch Bar", "Shortcuts", "Touch Bar"):
+        preferences.open_tab(name)
+        seen[name] = rows(desktop, TITLE)
+    preferences.open_apps()
+    seen["Apps"] = rows(desktop, TITLE)
+    preferences.open_expert()
+    seen["Expert"] = rows(desktop, TITLE)
+    desktop.key("alt+F4")
+    preferences.widgets.gone("frame", TITLE)
+    Widgets(desktop, "barquell").click(*PERMISSION)
+    preferences.barquell.waits_for("trusted", False)
+    preferences.barquell.command("show")
+    seen[AUTHORIZATION] = rows(desktop, AUTHORIZATION)
+    bar_top, bar_end = rows(desktop, "Simulated Touch Bar")
+    for name, (top, end) in seen.items():
+        if top < 0 or end > bar_top:
+            raise Failure(f"{name} takes the rows {top} to {end}, the bar begins at {bar_top}")
+    if bar_end > height:
+        raise Failure(f"the bar ends at {bar_end} of {height}")
+    return f"the bar takes {bar_top} to {bar_end} of {height}, the tabs end at {max(end for _, end in seen.values())}"
+
+
+@on_screen("1366x768")
+def check_simulated_bar_and_windows_keep_clear_of_each_other_on_768_rows(desktop):
+    return stays_clear(desktop)
+
+
+@on_screen("1280x800")
+def check_simulated_bar_and_windows_keep_clear_of_each_other_on_800_rows(desktop):
+    return stays_clear(desktop)

@@ -10,6 +10,7 @@
 #include "foundation/Bundle.h"
 #include "foundation/Log.h"
 #include "foundation/Values.h"
+#include "foundation/interface/ControlStyle.h"
 #include "foundation/interface/Image.h"
 #include "platform/AppLifecycle.h"
 #include "platform/Platform.h"
@@ -45,6 +46,7 @@ void introduceWindows() {
     Bundle::localizeToolkit();
     QGuiApplication::setDesktopFileName(Bundle::mainBundleIdentifier());
     QGuiApplication::setWindowIcon(imageNamed(Bundle::mainBundleIdentifier()));
+    installControlStyle();
     registerInterfaceClasses();
 }
 

@@ -30,7 +30,7 @@ void ScreenPicture::paintEvent(QPaintEvent * /*event*/) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     QColor edge = palette().color(QPalette::WindowText);
-    edge.setAlphaF(0.35F);
+    edge.setAlphaF(0.6F);
     painter.setPen(QPen(edge, 1));
     painter.setBrush(palette().color(QPalette::Button)); // the choices on it have the colour of a base
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);

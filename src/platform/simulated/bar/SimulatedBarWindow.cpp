@@ -1,6 +1,7 @@
 #include "platform/simulated/bar/SimulatedBarWindow.h"
 
 #include "foundation/Bundle.h"
+#include "foundation/interface/FreeRoom.h"
 #include "platform/AppLifecycle.h"
 #include "platform/Platform.h"
 #include "platform/simulated/bar/BarView.h"
@@ -42,7 +43,8 @@ SimulatedBarWindow::SimulatedBarWindow(const BarControls &controls)
     showCounts(0, 0);
     adjustSize();
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    move(screen.center().x() - width() / 2, screen.bottom() - height() - 2 * kMargin);
+    move(screen.center().x() - width() / 2, screen.bottom() + 1 - height() - titleHeight(*this));
+    keepClear(*this);
 }
 
 void SimulatedBarWindow::closeEvent(QCloseEvent *event) {
