@@ -3,6 +3,7 @@
 
 #include "foundation/Bundle.h"
 #include "foundation/UserDefaults.h"
+#include "foundation/interface/ControlStyle.h"
 #include "foundation/interface/InterfaceFile.h"
 #include "menubar/AuthWindowController.h"
 #include "menubar/LikeTheAppTracker.h"
@@ -36,6 +37,7 @@ protected:
         EXPECT_EQ(Bundle::localizedString(QStringLiteral("Cancel")) == QLatin1String("Cancel"), isEnglish);
         QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
         here.platform.lifecycle.policy = ActivationPolicy::Regular;
+        installControlStyle();
         registerPreferencesClasses();
         registerMenuBarClasses();
         registerShortcutControls();

@@ -4,6 +4,7 @@
 #include "FakeApplications.h"
 
 #include "foundation/UserDefaults.h"
+#include "foundation/interface/ControlStyle.h"
 #include "menubar/AuthWindowController.h"
 #include "menubar/MenuBarClasses.h"
 #include "preferences/PreferencesClasses.h"
@@ -106,6 +107,7 @@ int main(int argc, char **argv) {
         return 2;
     }
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    barquell::installControlStyle();
     if (argc > 2) {
         barquell::test::turnDark();
     }
