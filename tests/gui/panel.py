@@ -76,8 +76,15 @@ class Strip:
         return max((strength for _, _, strength in pixels), default=1)
 
     def item(self) -> tuple:
-        """The middle of the item, once it is drawn."""
-        pixels = wait_until("the item is on the panel", self.item_pixels)
+        """The middle of the item, once it is drawn and stays where it is: a panel that starts moves it about."""
+        before: list = []
+
+        def settled() -> list:
+            nonlocal before
+            before, now = self.item_pixels(), before
+            return before if before == now else []
+
+        pixels = wait_until("the item is on the panel", settled)
         xs, ys = [x for x, _, _ in pixels], [y for _, y, _ in pixels]
         return (min(xs) + max(xs)) // 2, self.top + (min(ys) + max(ys)) // 2
 

@@ -161,7 +161,7 @@ TEST_F(AppLifecycleTest, TheCallThatTheBusStartedItForIsNoReopen) {
 TEST_F(LifeWithoutBusTest, ALauncherStartsItOverTheBusAndShowsItAgain) {
     QFile service(QStringLiteral(BARQUELL_SERVICE_FILE));
     ASSERT_TRUE(service.open(QIODevice::ReadOnly));
-    bus.addService(service.readAll().replace("@CMAKE_INSTALL_FULL_BINDIR@/barquell", BARQUELL_LIFE_PROCESS));
+    bus.addService(service.readAll().replace("@BINDIR@/barquell", BARQUELL_LIFE_PROCESS));
     bus.start();
     OtherProgram launcher(bus);
     QDBusMessage activate = QDBusMessage::createMethodCall(

@@ -109,8 +109,8 @@ void BarRelay::tryGrab(Time now) {
         _toldOfGrab = true;
         return;
     }
-    // A finger that came down just before the grab was seen by the others; they have to see its end as well. Where
-    // it has lifted already they may have missed that, and their next touch puts them right.
+    // A finger that came down just before the grab was seen by the others; they have to see its end as well.
+    // Where it has lifted already they may have missed that, and their next touch puts them right.
     if (!isFree(now) || _eventsWaited) {
         _port.ungrab();
         return;
