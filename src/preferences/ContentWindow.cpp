@@ -65,6 +65,11 @@ QRectF ContentWindow::frameRectForContentRect(const QRectF &content) const {
     return turnedOver(turnedOver(content).marginsAdded(margins() + toolbar));
 }
 
+/// With its title it fills the screen.
+QSize ContentWindow::largestSize() const {
+    return screen()->availableSize() - QSize(0, titleHeight(*this));
+}
+
 /// Higher up where it would grow over the lower edge of the room for windows and there is room above.
 QRectF ContentWindow::keptOnScreen(const QRectF &target) const {
     const QRectF wanted = turnedOver(target);
@@ -105,7 +110,7 @@ void ContentWindow::animateTo(const QRectF &target) {
 
 void ContentWindow::applyFrame(const QRectF &frame) {
     QRect rect = onDevice(turnedOver(frame).marginsRemoved(margins()));
-    rect.setSize(rect.size().boundedTo(screen()->availableSize()));
+    rect.setSize(rect.size().boundedTo(largestSize()));
     setMinimumSize(0, 0);
     setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
     setGeometry(rect);
@@ -145,10 +150,10 @@ void ContentWindow::applyContentLimits() {
     const auto windowSize = [chrome = toolbarHeight()](const QSizeF &content) {
         return onDevice(QRectF(QPointF(), QSizeF(content.width(), content.height() + chrome))).size();
     };
-    const QSize screenSize = screen()->availableSize();
-    const QSize least = windowSize(_contentMinSize).boundedTo(screenSize);
+    const QSize largest = largestSize();
+    const QSize least = windowSize(_contentMinSize).boundedTo(largest);
     setMinimumSize(least);
-    setMaximumSize(windowSize(_contentMaxSize).boundedTo(screenSize).expandedTo(least));
+    setMaximumSize(windowSize(_contentMaxSize).boundedTo(largest).expandedTo(least));
 }
 
 void ContentWindow::resizeEvent(QResizeEvent *event) {

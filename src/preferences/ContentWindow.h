@@ -63,6 +63,7 @@ private:
     bool hasSheet() const;
     int toolbarHeight() const;
     QMarginsF margins() const;
+    QSize largestSize() const;
     QRectF keptOnScreen(const QRectF &target) const;
     void applyFrame(const QRectF &frame);
     void applyContentLimits();

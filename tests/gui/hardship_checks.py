@@ -2,13 +2,16 @@
 
 import json
 import pathlib
+import re
 import signal
 import tempfile
 import time
 
 from bar import BRIGHTNESS, Bar
-from desktop import Failure, expect_equal, wait_until
+from desktop import Failure, expect_equal, on_screen, wait_until
+from preferences import TABS, TITLE, Preferences
 from program_checks import PROGRAM, Barquell, install_entry, two_applications
+from widgets import Widgets
 
 TARGET = BRIGHTNESS[0] + 215  # on the slider, well beyond where its knob stands at first
 
@@ -151,3 +154,88 @@ def toggle_often(desktop, settings):
     if grown > 16 * 1024 or longest > 2:
         raise Failure(f"{grown} KiB more, a touch took {longest:.1f} s")
     return f"{took:.1f} s, {grown} KiB more at most, a touch took {longest * 1000:.0f} ms at most"
+
+
+NONSENSE = {  # of no type that its reader knows
+    "Enabled": ("-array", "x"),
+    "PauseKeyAllowed": ("-date", "2020-01-01T00:00:00Z"),
+    "PauseKeyFn": ("-string", "perhaps"),
+    "PauseKeyShiftType": ("-array", "2"),
+    "HUDLocation": ("-string", "left of the middle"),
+    "ShowHUD": ("-float", "1e300"),
+    "ShowStatusItem": ("-array", "1"),
+    "LazyQuit": ("-string", "12abc"),
+    "SilentStart": ("-array", "0"),
+    "OptionalDockIcon": ("-string", ""),
+    "RevealShortcut": ("-string", "Ctrl-Alt-Delete"),
+    "ToggleShortcut": ("-array", "-1", "1e9", "x"),
+    "LTADisplayDate": ("-string", "soon"),
+}
+
+
+def nowhere(desktop):
+    """The preferences, opened where the tab that is remembered does not exist."""
+    barquell = Barquell(desktop)
+    barquell.command("defaults", "write", "PreferencesWindowTabIdentifier", "-string", "Nowhere")
+    preferences = Preferences(desktop)
+    preferences.program.expect("Tab with identifier 'Nowhere' is not found")
+    preferences.has(TABS["General"])
+    return preferences
+
+
+def quits(preferences) -> None:
+    preferences.barquell.command("quit")
+    wait_until("it ended", lambda: preferences.program.process.poll() is not None)
+    expect_equal("exit status", preferences.program.process.returncode, 0)
+
+
+@on_screen("1280x1024")
+def check_hardship_settings_that_make_no_sense(desktop):
+    barquell = Barquell(desktop)
+    for key, value in NONSENSE.items():
+        barquell.command("defaults", "write", key, *value)
+    barquell.command("defaults", "write", "BypassApps", "-array", "org.example.app", "", "not an identifier")
+    for size in ("{0, 0}", "{-300, -300}", "{1e9, 1e9}"):
+        barquell.command("defaults", "write", "PreferencesWindowTabSize Apps", "-string", size)
+        preferences = nowhere(desktop)
+        stored = preferences.settings()
+        for tab in TABS:
+            preferences.open_tab(tab)
+        preferences.open_apps()
+        _, top, width, height = preferences.widgets.find("frame", TITLE)["place"]
+        if top < 0 or top + height > 1024 or height < 184 or width != 600:
+            raise Failure(f"with {size} the window is {width} wide and takes the rows {top} to {top + height}")
+        preferences.widgets.find("list item", "org.example.app")
+        changed = {key for key, value in preferences.settings().items() if stored.get(key) != value}
+        expect_equal("changed", changed - {"PreferencesWindowTabIdentifier", "PreferencesWindowTabSize Apps"}, set())
+        quits(preferences)
+
+
+@on_screen("1280x1024")
+def check_hardship_five_thousand_bypassed_applications(desktop):
+    barquell = Barquell(desktop)
+    barquell.command("defaults", "write", "BypassApps", "-array", "org.example.app")
+    barquell.command("defaults", "write", "RemoveWithoutConfirmation", "-bool", "true")
+    preferences = Preferences(desktop)
+    preferences.open_apps()
+    remove = Widgets.grip(preferences.widgets.find("push button", "Remove"))
+    quits(preferences)
+
+    apps = [f"org.example.app{number}" for number in range(5000)]
+    barquell.command("defaults", "write", "BypassApps", "-array", *apps)
+    preferences = Preferences(desktop)
+    preferences.open_tab("Touch Bar")
+
+    def height() -> str:
+        return re.search(r"Height: \d+", desktop.output("xwininfo", "-id", desktop.window(TITLE)))[0]
+
+    before = height()
+    preferences.widgets.click("push button", "Apps without blocking…")
+    # From here on without the screen reader's eyes, which would look at each of them.
+    wait_until("the apps are shown", lambda: height() != before)
+    desktop.key("End")  # chooses the last row
+    desktop.click(*remove)
+    preferences.waits_for("BypassApps", apps[:-1])
+    desktop.key("ctrl+1")
+    preferences.has(TABS["General"])
+    quits(preferences)

@@ -3,7 +3,7 @@
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QLabel>
-#include <QStringList>
+#include <QString>
 #include <QWidget>
 
 namespace barquell::test {
@@ -34,9 +34,9 @@ inline bool liesWithinItsParents(const QWidget &widget, const QWidget &window) {
     return true;
 }
 
-/// The names of a window's visible labels, buttons and combo boxes whose text does not show whole.
-inline QStringList cutOff(const QWidget &window) {
-    QStringList found;
+/// The window's visible labels, buttons and combo boxes whose text does not show whole, a line each.
+inline std::string cutOff(const QWidget &window) {
+    QString found;
     for (const QWidget *widget : window.findChildren<QWidget *>()) {
         if (!widget->isVisibleTo(&window)) {
             continue;
@@ -47,7 +47,7 @@ inline QStringList cutOff(const QWidget &window) {
             needed.isValid() && (needed.width() > given.width() || needed.height() > given.height());
         const bool hidesOthers = widget->objectName() == QLatin1String("qt_toolbar_ext_button");
         if (tooSmall || hidesOthers || (needed.isValid() && !liesWithinItsParents(*widget, window))) {
-            found.append(QStringLiteral("%1 (needs %2x%3, has %4x%5)")
+            found.append(QStringLiteral("%1 needs %2x%3, has %4x%5\n")
                              .arg(widget->objectName())
                              .arg(needed.width())
                              .arg(needed.height())
@@ -55,7 +55,7 @@ inline QStringList cutOff(const QWidget &window) {
                              .arg(given.height()));
         }
     }
-    return found;
+    return found.toStdString();
 }
 
 } // namespace barquell::test

@@ -1,23 +1,31 @@
-// Draws every tab and both pages of the authorization window into a folder: preferences_pictures FOLDER
-// [dark]
+// Draws every window of the program into a folder: preferences_pictures FOLDER [light|dark|contrast]
+// [LANGUAGE]
 
 #include "FakeApplications.h"
 
+#include "foundation/Bundle.h"
 #include "foundation/UserDefaults.h"
 #include "foundation/interface/ControlStyle.h"
 #include "menubar/AuthWindowController.h"
+#include "menubar/LikeTheAppTracker.h"
 #include "menubar/MenuBarClasses.h"
+#include "platform/simulated/bar/SimulatedBarWindow.h"
 #include "preferences/PreferencesClasses.h"
 #include "preferences/PreferencesWindowController.h"
+#include "preferences/Sheet.h"
 #include "preferences/tabs/PreferencesTabTouchBar.h"
 #include "preferences/tabs/PreferencesTabsClasses.h"
+#include "process/AnotherCopyAlert.h"
 #include "shortcuts/controls/ShortcutControls.h"
 #include "support/Place.h"
 #include "support/Wait.h"
 
 #include <QApplication>
+#include <QLocale>
+#include <QMessageBox>
 #include <QStyle>
 #include <QStyleFactory>
+#include <QTimer>
 
 #include <cstdio>
 
@@ -30,6 +38,19 @@ void turnDark() {
     dark.setColor(QPalette::Base, QColor(0x22, 0x23, 0x25));
     dark.setColor(QPalette::AlternateBase, QColor(0x2a, 0x2b, 0x2d));
     QApplication::setPalette(dark);
+}
+
+void turnToHighContrast() {
+    QPalette palette(Qt::black, Qt::black);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, Qt::white);
+        palette.setColor(QPalette::Disabled, role, QColor(0x99, 0x99, 0x99));
+    }
+    palette.setColor(QPalette::Base, Qt::black);
+    palette.setColor(QPalette::AlternateBase, Qt::black);
+    palette.setColor(QPalette::Highlight, Qt::cyan);
+    palette.setColor(QPalette::HighlightedText, Qt::black);
+    QApplication::setPalette(palette);
 }
 
 void save(QWidget &window, const QString &folder, const char *name) {
@@ -68,6 +89,43 @@ void drawAuthorization(const QString &folder) {
     save(*AuthWindowController::cls().window(), folder, "AuthorizationComplete");
 }
 
+QMessageBox *question() {
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        auto *box = qobject_cast<QMessageBox *>(window);
+        if (box && box->isVisible()) {
+            return box;
+        }
+    }
+    return nullptr;
+}
+
+void drawQuestions(const QString &folder) {
+    QWidget &window = *PreferencesWindowController::cls().window();
+    for (const char *text :
+         {"Are you sure?", "Are you sure you want to remove selected apps from bypass list?"}) {
+        confirmInSheet(&window, Bundle::localizedString(QString::fromLatin1(text)), &window, [] {});
+        save(*question(), folder, QByteArray(text).size() > 20 ? "Remove" : "Reset");
+        question()->reject();
+    }
+    LikeTheAppTracker::showDialogModalForWindow(nullptr);
+    save(*question(), folder, "LikeTheApp");
+    question()->reject();
+    QTimer::singleShot(0, qApp, [&] {
+        save(*question(), folder, "AnotherCopy");
+        question()->reject();
+    });
+    askAboutAnotherCopy();
+}
+
+void drawBar(const QString &folder) {
+    const BarControls controls;
+    SimulatedBarWindow window(controls);
+    window.showCounts(123, 45);
+    window.ask();
+    window.show();
+    save(window, folder, "Bar");
+}
+
 void draw(const QString &folder) {
     FakeApplications applications;
     applications.install();
@@ -89,8 +147,11 @@ void draw(const QString &folder) {
                                        QStringLiteral("BypassApps"));
     UserDefaults::standard().setObject(true, QStringLiteral("ShowHUD"));
     UserDefaults::standard().setObject(true, QStringLiteral("PauseKeyOption"));
+    LikeTheAppTracker::displayTimerDidFire();
     drawPreferences(folder);
+    drawQuestions(folder);
     drawAuthorization(folder);
+    drawBar(folder);
 }
 
 } // namespace
@@ -103,13 +164,19 @@ int main(int argc, char **argv) {
     }
     const QApplication application(argc, argv);
     if (argc < 2) {
-        std::fprintf(stderr, "usage: preferences_pictures FOLDER [dark]\n");
+        std::fprintf(stderr, "usage: preferences_pictures FOLDER [light|dark|contrast] [LANGUAGE]\n");
         return 2;
     }
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     barquell::installControlStyle();
-    if (argc > 2) {
+    const QByteArray look = argc > 2 ? argv[2] : "light";
+    if (look == "dark") {
         barquell::test::turnDark();
+    } else if (look == "contrast") {
+        barquell::test::turnToHighContrast();
+    }
+    if (argc > 3) {
+        QLocale::setDefault(QLocale(QString::fromLocal8Bit(argv[3])));
     }
     barquell::test::place();
     barquell::test::draw(QString::fromLocal8Bit(argv[1]));

@@ -184,8 +184,8 @@
         <translation>Größenänderungen animieren</translation>
     </message>
     <message>
-        <source>Do you like Barquell?…</source>
-        <translation>Gefällt Ihnen Barquell?…</translation>
+        <source>Do you like Barquell?</source>
+        <translation>Gefällt Ihnen Barquell?</translation>
     </message>
     <message>
         <source>Turn blocking on or off:</source>

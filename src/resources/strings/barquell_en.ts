@@ -184,8 +184,8 @@
         <translation>Animate changes of size</translation>
     </message>
     <message>
-        <source>Do you like Barquell?…</source>
-        <translation>Do you like Barquell?…</translation>
+        <source>Do you like Barquell?</source>
+        <translation>Do you like Barquell?</translation>
     </message>
     <message>
         <source>Turn blocking on or off:</source>

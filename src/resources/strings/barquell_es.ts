@@ -184,8 +184,8 @@
         <translation>Animar los cambios de tamaño</translation>
     </message>
     <message>
-        <source>Do you like Barquell?…</source>
-        <translation>¿Te gusta Barquell?…</translation>
+        <source>Do you like Barquell?</source>
+        <translation>¿Te gusta Barquell?</translation>
     </message>
     <message>
         <source>Turn blocking on or off:</source>

@@ -184,8 +184,8 @@
         <translation>Animer les changements de taille</translation>
     </message>
     <message>
-        <source>Do you like Barquell?…</source>
-        <translation>Aimez-vous Barquell ?…</translation>
+        <source>Do you like Barquell?</source>
+        <translation>Aimez-vous Barquell ?</translation>
     </message>
     <message>
         <source>Turn blocking on or off:</source>

@@ -184,8 +184,8 @@
         <translation>サイズの変更をアニメーション表示</translation>
     </message>
     <message>
-        <source>Do you like Barquell?…</source>
-        <translation>Barquellはお気に召しましたか?…</translation>
+        <source>Do you like Barquell?</source>
+        <translation>Barquellはお気に召しましたか?</translation>
     </message>
     <message>
         <source>Turn blocking on or off:</source>

@@ -184,8 +184,8 @@
         <translation>动画显示大小变化</translation>
     </message>
     <message>
-        <source>Do you like Barquell?…</source>
-        <translation>喜欢 Barquell 吗？…</translation>
+        <source>Do you like Barquell?</source>
+        <translation>喜欢 Barquell 吗？</translation>
     </message>
     <message>
         <source>Turn blocking on or off:</source>
