@@ -67,7 +67,8 @@ QRectF ContentWindow::frameRectForContentRect(const QRectF &content) const {
 
 /// With its title it fills the screen.
 QSize ContentWindow::largestSize() const {
-    return screen()->availableSize() - QSize(0, titleHeight(*this));
+    const int around = std::max(titleHeight(*this), frameGeometry().height() - height());
+    return screen()->availableSize() - QSize(0, around);
 }
 
 /// Higher up where it would grow over the lower edge of the room for windows and there is room above.
