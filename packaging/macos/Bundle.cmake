@@ -1,22 +1,26 @@
-# The application bundle with its login helper; `target` is the program.
+# barquell_bundle(TARGET): makes the program an application bundle, Barquell.app, with its icon, its scripting dictionary
+# and the login helper. To be called where the target is made.
 function(barquell_bundle target)
+  set(packaging ${PROJECT_SOURCE_DIR}/packaging)
+  set(resources ${packaging}/macos/Barquell.sdef)
+  if(NOT CMAKE_CROSSCOMPILING) # what draws the icon is a program of this build
+    set(icon ${CMAKE_CURRENT_BINARY_DIR}/Barquell.icns)
+    set(drawing ${packaging}/icon/com.vexolith.barquell.svg)
+    add_custom_command(OUTPUT ${icon} COMMAND barquell-icon ${drawing} ${icon} DEPENDS barquell-icon ${drawing} VERBATIM)
+    list(APPEND resources ${icon})
+  endif()
+  target_sources(${target} PRIVATE ${resources})
+  set_source_files_properties(${resources} PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
   set_target_properties(${target} PROPERTIES
     MACOSX_BUNDLE ON
-    MACOSX_BUNDLE_INFO_PLIST ${PROJECT_SOURCE_DIR}/packaging/macos/Info.plist.in
+    MACOSX_BUNDLE_INFO_PLIST ${packaging}/macos/Info.plist.in
     OUTPUT_NAME Barquell)
-  set(resources ${PROJECT_SOURCE_DIR}/packaging/macos/Barquell.sdef ${PROJECT_SOURCE_DIR}/packaging/macos/Barquell.icns)
-  foreach(resource IN LISTS resources)
-    if(EXISTS ${resource})
-      target_sources(${target} PRIVATE ${resource})
-      set_source_files_properties(${resource} PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
-    endif()
-  endforeach()
 
-  add_executable(BarquellLauncher MACOSX_BUNDLE ${PROJECT_SOURCE_DIR}/packaging/macos/launcher/main.mm)
+  add_executable(BarquellLauncher MACOSX_BUNDLE ${packaging}/macos/launcher/main.mm)
   set_target_properties(BarquellLauncher PROPERTIES
-    MACOSX_BUNDLE_INFO_PLIST ${PROJECT_SOURCE_DIR}/packaging/macos/launcher/Info.plist.in)
+    MACOSX_BUNDLE_INFO_PLIST ${packaging}/macos/launcher/Info.plist.in)
   target_compile_options(BarquellLauncher PRIVATE -fobjc-arc)
-  target_link_libraries(BarquellLauncher PRIVATE "-framework AppKit")
+  target_link_libraries(BarquellLauncher PRIVATE barquell_flags "-framework AppKit")
   add_dependencies(${target} BarquellLauncher)
   add_custom_command(TARGET ${target} POST_BUILD
     COMMAND ${CMAKE_COMMAND} -E copy_directory $<TARGET_BUNDLE_DIR:BarquellLauncher>

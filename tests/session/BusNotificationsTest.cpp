@@ -4,8 +4,6 @@
 #include "support/LogCapture.h"
 #include "support/Wait.h"
 
-#include <stdexcept>
-
 namespace barquell::test {
 
 namespace {
@@ -68,75 +66,12 @@ TEST_F(BusNotificationsTest, APostIsASignalThatOtherProgramsHear) {
     EXPECT_TRUE(waitFor([&heard] { return heard == 1; }));
 }
 
-TEST_F(BusNotificationsTest, TheOwnProcessHearsItsPostOnceAndLater) {
-    const auto observation = count(kToggle);
-    notifications.post(kToggle);
-    EXPECT_TRUE(received.isEmpty());
-    settle();
-    EXPECT_EQ(received.size(), 1);
-}
-
-TEST_F(BusNotificationsTest, EveryListenerHearsEachPost) {
-    const auto one = count(kToggle);
-    const auto two = count(kToggle);
-    notifications.post(kToggle);
-    EXPECT_TRUE(waitFor([this] { return received.size() == 2; }));
-    settle();
-    EXPECT_EQ(received.size(), 2);
-}
-
-TEST_F(BusNotificationsTest, APostMadeBeforeObservingIsNotSeen) {
-    notifications.post(kToggle);
-    const auto observation = count(kToggle);
-    settle();
-    EXPECT_TRUE(received.isEmpty());
-}
-
-TEST_F(BusNotificationsTest, AnEndedObservationHearsNothingMore) {
-    auto observation = count(kToggle);
-    notifications.post(kToggle);
-    observation.reset();
-    settle();
-    EXPECT_TRUE(received.isEmpty());
-}
-
-TEST_F(BusNotificationsTest, OneOfTwoObservationsMayEndAlone) {
-    auto one = count(kToggle);
-    const auto two = count(kToggle);
-    one.reset();
-    notifications.post(kToggle);
-    settle();
-    EXPECT_EQ(received.size(), 1);
-}
-
-TEST_F(BusNotificationsTest, AnObservationMayEndFromItsOwnHandler) {
-    std::unique_ptr<Observation> observation;
-    observation = notifications.observe(kToggle, [&](const QString &name) {
-        observation.reset();
-        received.append(name);
-    });
-    notifications.post(kToggle);
-    notifications.post(kToggle);
-    settle();
-    EXPECT_EQ(received.size(), 1);
-}
-
 TEST_F(BusNotificationsTest, AnObservationOutlivesItsCenter) {
     auto center = std::make_unique<BusNotifications>(session);
     auto observation = center->observe(kToggle, [](const QString &) {});
     center.reset();
     observation.reset();
     settle();
-}
-
-TEST_F(BusNotificationsTest, AHandlerThatThrowsDisturbsNobodyElse) {
-    const auto throwing =
-        notifications.observe(kToggle, [](const QString &) { throw std::runtime_error("no more"); });
-    const auto observation = count(kToggle);
-    notifications.post(kToggle);
-    settle();
-    EXPECT_EQ(received.size(), 1);
-    EXPECT_EQ(lines.lines.size(), 1);
 }
 
 TEST_F(BusNotificationsTest, WhatIsNearlyOursIsNot) {

@@ -1,19 +1,16 @@
 // What every settings store keeps to, wherever it keeps its values.
 
+#include "platform/SettingsStore.h"
+#include "contract/ContractPlace.h"
 #include "foundation/Values.h"
-#include "platform/SettingsFolder.h"
-#include "platform/linux/FileSettingsStore.h"
-#include "platform/simulated/MemorySettingsStore.h"
 #include "support/LogCapture.h"
 #include "support/Wait.h"
-
-#include <gmock/gmock.h>
 
 #include <QDateTime>
 
 #include <limits>
 
-namespace barquell {
+namespace barquell::test {
 namespace {
 
 using Outcome = SettingsStore::Outcome;
@@ -21,51 +18,7 @@ using Outcome = SettingsStore::Outcome;
 const QString kKey = QStringLiteral("key");
 const QString kOther = QStringLiteral("other");
 
-/// A store under test, and another hand on the same values.
-class Backend {
-public:
-    Backend() = default;
-    virtual ~Backend() = default;
-    Q_DISABLE_COPY_MOVE(Backend)
-
-    virtual SettingsStore &store() = 0;
-    virtual void editFromOutside(const QString &key, const QVariant &value) = 0;
-};
-
-class MemoryBackend final : public Backend {
-public:
-    SettingsStore &store() override { return _store; }
-    void editFromOutside(const QString &key, const QVariant &value) override {
-        _store.editFromOutside(key, value);
-    }
-
-private:
-    MemorySettingsStore _store;
-};
-
-class FileBackend final : public Backend {
-public:
-    SettingsStore &store() override { return _store; }
-    void editFromOutside(const QString &key, const QVariant &value) override {
-        FileSettingsStore other(_folder.path());
-        value.isValid() ? other.write(key, value) : other.remove(key);
-    }
-
-private:
-    test::SettingsFolder _folder;
-    FileSettingsStore _store{_folder.path()};
-};
-
-struct BackendKind {
-    const char *name;
-    std::unique_ptr<Backend> (*make)();
-
-    friend std::ostream &operator<<(std::ostream &stream, const BackendKind &kind) {
-        return stream << kind.name;
-    }
-};
-
-class SettingsStoreContract : public testing::TestWithParam<BackendKind> {
+class SettingsStoreContract : public Contract {
 protected:
     void expectKept(const QVariant &value) {
         EXPECT_EQ(store.write(kKey, value), Outcome::Done);
@@ -73,9 +26,8 @@ protected:
             << value.typeName() << " came back as " << store.read().value(kKey).typeName();
     }
 
-    test::LogCapture logged;
-    std::unique_ptr<Backend> backend = GetParam().make();
-    SettingsStore &store = backend->store();
+    LogCapture logged;
+    SettingsStore &store = *pieces.settingsStore;
 };
 
 TEST_P(SettingsStoreContract, BeginsEmptyWithoutAWord) {
@@ -140,7 +92,7 @@ TEST_P(SettingsStoreContract, KeepsTheDeepestNestingThatIsStorable) {
 
 TEST_P(SettingsStoreContract, LeavesTheOtherKeysAsTheyAre) {
     store.write(kKey, 1LL);
-    backend->editFromOutside(kOther, QByteArray("2"));
+    place->editFromOutside(kOther, QByteArray("2"));
     store.write(kKey, 3LL);
     EXPECT_TRUE(sameValue(store.read(), QVariantMap{{kKey, 3LL}, {kOther, QByteArray("2")}}));
     EXPECT_EQ(store.remove(kKey), Outcome::Done);
@@ -155,7 +107,7 @@ TEST_P(SettingsStoreContract, RemovesWhatIsNotThereWithoutAWord) {
 
 TEST_P(SettingsStoreContract, RemovesTheDomainAlsoWhatOthersWrote) {
     store.write(kKey, 1LL);
-    backend->editFromOutside(kOther, 2LL);
+    place->editFromOutside(kOther, 2LL);
     EXPECT_EQ(store.removeDomain(), Outcome::Done);
     EXPECT_TRUE(store.read().isEmpty());
 }
@@ -166,20 +118,15 @@ TEST_P(SettingsStoreContract, CallsTheWatcherFromTheRunLoopForEveryHand) {
     store.watch([&calls] { ++calls; });
     store.write(kKey, 1LL);
     EXPECT_EQ(calls, 0);
-    EXPECT_TRUE(test::waitFor([&] { return calls > 0; }));
+    EXPECT_TRUE(waitFor([&] { return calls > 0; }));
     for (const QVariant &value : {QVariant(2LL), QVariant(3LL), QVariant()}) {
         calls = 0;
-        backend->editFromOutside(kKey, value);
-        EXPECT_TRUE(test::waitFor([&] { return calls > 0 && sameValue(store.read().value(kKey), value); }));
+        place->editFromOutside(kKey, value);
+        EXPECT_TRUE(waitFor([&] { return calls > 0 && sameValue(store.read().value(kKey), value); }));
     }
 }
 
-const std::initializer_list<BackendKind> kBackends{
-    {"Memory", []() -> std::unique_ptr<Backend> { return std::make_unique<MemoryBackend>(); }},
-    {"File", []() -> std::unique_ptr<Backend> { return std::make_unique<FileBackend>(); }}};
-
-INSTANTIATE_TEST_SUITE_P(Stores, SettingsStoreContract, testing::ValuesIn(kBackends),
-                         [](const auto &instance) { return std::string(instance.param.name); });
+ON_EVERY_PLACE(SettingsStoreContract);
 
 } // namespace
-} // namespace barquell
+} // namespace barquell::test

@@ -1,0 +1,36 @@
+# Toolchain of the preset "macos-check": the Mac's side compiled on Debian, by Debian's clang with Debian's Qt headers, for
+# MACCHECK_ARCH against the macOS SDK at MACCHECK_SDK. What would be linked is only checked, see
+# tools/macos-check/link-check; nothing comes out that could run.
+set(CMAKE_SYSTEM_NAME Darwin)
+set(MACCHECK_SDK "$ENV{MACCHECK_SDK}" CACHE PATH "a macOS SDK")
+set(MACCHECK_ARCH arm64 CACHE STRING "arm64 or x86_64")
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES MACCHECK_SDK MACCHECK_ARCH)
+if(NOT IS_DIRECTORY "${MACCHECK_SDK}/usr/include")
+  message(FATAL_ERROR "macos-check: MACCHECK_SDK names no macOS SDK: '${MACCHECK_SDK}'")
+endif()
+set(CMAKE_SYSTEM_PROCESSOR ${MACCHECK_ARCH})
+set(CMAKE_OSX_SYSROOT ${MACCHECK_SDK})
+set(CMAKE_OSX_ARCHITECTURES ${MACCHECK_ARCH})
+
+find_program(CMAKE_C_COMPILER clang-19 REQUIRED)
+find_program(CMAKE_CXX_COMPILER clang++-19 REQUIRED)
+set(CMAKE_OBJCXX_COMPILER ${CMAKE_CXX_COMPILER})
+foreach(language C CXX OBJCXX)
+  set(CMAKE_${language}_COMPILER_TARGET ${MACCHECK_ARCH}-apple-macos12.0)
+  # Debian's own headers must not come before the SDK's.
+  set(CMAKE_${language}_STANDARD_INCLUDE_DIRECTORIES "")
+  list(APPEND CMAKE_${language}_IMPLICIT_INCLUDE_DIRECTORIES /usr/include)
+endforeach()
+set(CMAKE_CXX_FLAGS_INIT -stdlib=libc++)
+set(CMAKE_OBJCXX_FLAGS_INIT -stdlib=libc++)
+find_program(CMAKE_AR llvm-ar-19 REQUIRED)
+find_program(CMAKE_RANLIB llvm-ranlib-19 REQUIRED)
+find_program(CMAKE_INSTALL_NAME_TOOL llvm-install-name-tool-19 REQUIRED)
+set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
+set(CMAKE_DISABLE_FIND_PACKAGE_WrapVulkanHeaders ON)
+file(GLOB debians_qt /usr/lib/*/cmake/Qt6)
+set(Qt6_DIR ${debians_qt})
+
+set(link "${CMAKE_CURRENT_LIST_DIR}/../tools/macos-check/link-check ${MACCHECK_ARCH} ${MACCHECK_SDK} <TARGET> <OBJECTS> <LINK_LIBRARIES>")
+set(CMAKE_CXX_LINK_EXECUTABLE ${link})
+set(CMAKE_OBJCXX_LINK_EXECUTABLE ${link})
