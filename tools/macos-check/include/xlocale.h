@@ -18,9 +18,11 @@
 extern "C" {
 wint_t btowc_l(int c, locale_t locale);
 int wctob_l(wint_t c, locale_t locale);
-size_t wcsnrtombs_l(char *out, const wchar_t **in, size_t most, size_t length, mbstate_t *state, locale_t locale);
+size_t wcsnrtombs_l(char *out, const wchar_t **in, size_t most, size_t length, mbstate_t *state,
+                    locale_t locale);
 size_t wcrtomb_l(char *out, wchar_t c, mbstate_t *state, locale_t locale);
-size_t mbsnrtowcs_l(wchar_t *out, const char **in, size_t most, size_t length, mbstate_t *state, locale_t locale);
+size_t mbsnrtowcs_l(wchar_t *out, const char **in, size_t most, size_t length, mbstate_t *state,
+                    locale_t locale);
 size_t mbrtowc_l(wchar_t *out, const char *in, size_t most, mbstate_t *state, locale_t locale);
 int mbtowc_l(wchar_t *out, const char *in, size_t most, locale_t locale);
 size_t mbrlen_l(const char *in, size_t most, mbstate_t *state, locale_t locale);
