@@ -200,6 +200,9 @@ TEST_F(AppLifecycleTest, CallsOfOtherSignaturesAndPlacesAreRefusedAndHarmless) {
     EXPECT_EQ(call(kScripts, "SetTouchBarActive", {1}), unknownMethod);
     EXPECT_EQ(call(kScripts, "SetTouchBarActive", {}), unknownMethod);
     EXPECT_EQ(call(kScripts, "SetTouchBarActive", {QVariantMap()}), unknownMethod);
+    EXPECT_EQ(call(kScripts, "SetTouchBarActive", {true, true}), unknownMethod);
+    EXPECT_EQ(call(kScripts, "ToggleTouchBar", {true}), unknownMethod);
+    EXPECT_EQ(call(kScripts, "Status", {true}), unknownMethod);
     EXPECT_EQ(call(kScripts, "deleteLater", {}), unknownMethod);
     EXPECT_EQ(call(kScripts, "toggleTouchBar", {}), unknownMethod);
     EXPECT_EQ(call(kApplication, "Activate", {}), unknownMethod);

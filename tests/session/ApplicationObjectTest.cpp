@@ -99,7 +99,7 @@ TEST_F(ApplicationObjectTest, ACommandThatIsMissingIsAnsweredAndDoesNothing) {
 TEST_F(ApplicationObjectTest, AFloodWithoutEndIsAnsweredWithAnErrorAndSaidOnce) {
     object.commands.status = [this] {
         for (int each = 0; each < 65537; ++each) { // one more than there is room for
-            object.performInTurn(message("ToggleTouchBar"), [] {});
+            object.performInTurn(message("ToggleTouchBar"), "", [] {});
         }
         return QVariantMap();
     };

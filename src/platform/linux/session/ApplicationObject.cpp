@@ -12,8 +12,13 @@ bool ApplicationObject::exportOn(QDBusConnection connection) {
     return connection.registerObject(path(), this);
 }
 
-void ApplicationObject::performInTurn(const QDBusMessage &call, std::function<void()> task) {
+void ApplicationObject::performInTurn(const QDBusMessage &call, const char *signature,
+                                      std::function<void()> task) {
     call.setDelayedReply(true);
+    if (call.signature() != QLatin1String(signature)) {
+        answer(call, call.createErrorReply(QDBusError::UnknownMethod, QStringLiteral("Wrong arguments")));
+        return;
+    }
     const bool queued = _calls.add(call.member(), [this, call, task = std::move(task)] {
         task();
         answer(call, call.createReply());
@@ -43,13 +48,13 @@ void FreedesktopApplication::ActivateAction(const QString & /*action_name*/,
 
 void ScriptInterface::ToggleTouchBar(const QDBusMessage &call) {
     if (const auto &toggle = _object.commands.toggleTouchBar) {
-        _object.performInTurn(call, toggle);
+        _object.performInTurn(call, "", toggle);
     }
 }
 
 void ScriptInterface::SetTouchBarActive(bool active, const QDBusMessage &call) {
     if (const auto &set = _object.commands.setTouchBarActive) {
-        _object.performInTurn(call, [set, active] { set(active); });
+        _object.performInTurn(call, "b", [set, active] { set(active); });
     }
 }
 

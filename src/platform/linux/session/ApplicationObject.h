@@ -29,8 +29,10 @@ public:
     static QString path() { return QStringLiteral("/com/vexolith/barquell"); }
 
     /// Performs what a call asks for in its turn, after the calls that came before it, and answers it then if
-    /// an answer is wanted. With too many calls pending it is answered with an error instead.
-    void performInTurn(const QDBusMessage &call, std::function<void()> task);
+    /// an answer is wanted. With too many calls pending it is answered with an error instead, and so is a
+    /// call of another signature: the library lets arguments through that are too many, where a method takes
+    /// the message.
+    void performInTurn(const QDBusMessage &call, const char *signature, std::function<void()> task);
 
     ScriptCommands commands;
     const Reopen reopen;
