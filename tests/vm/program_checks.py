@@ -203,7 +203,8 @@ def doctor_knows_another_clients_tap(world: World) -> None:
 def second_copy_is_refused(world: World) -> None:
     _, _, program, _ = with_bar(world)
     again = program.run()
-    require(again.returncode == 1 and "another copy" in again.stderr, f"it said {again.stderr!r}")
+    said = "Another copy of Barquell is already running. This copy is going to quit"
+    require(again.returncode == 0 and again.stderr.strip().endswith(said), f"it said {again.stderr!r}")
 
 
 def doctor_finds_what_is_missing(world: World) -> None:

@@ -9,12 +9,10 @@
 #include "app/scripting/ToggleTouchBarCommand.h"
 #include "foundation/Bundle.h"
 #include "foundation/Log.h"
-#include "foundation/Values.h"
 #include "foundation/interface/ControlStyle.h"
 #include "foundation/interface/Image.h"
 #include "platform/AppLifecycle.h"
 #include "platform/Platform.h"
-#include "platform/Workspace.h"
 #include "process/Windows.h"
 
 #include <QGuiApplication>
@@ -33,12 +31,6 @@ ScriptCommands scriptCommands() {
                     command.performDefaultImplementation();
                 },
             .status = statusReport};
-}
-
-/// Where nobody can be asked what to do about it, it is the end of this copy.
-bool anotherCopyRuns() {
-    return platform().workspace->runningCopies(Bundle::mainBundleIdentifier()) > 0 &&
-           !boolValue(qEnvironmentVariable("AllowMultipleInstances"));
 }
 
 /// As desktops know the program: its windows belong to its desktop entry, and carry its picture.
@@ -60,13 +52,14 @@ int runStart(const QStringList &arguments) {
     installThisSession(simulated ? Bar::Simulated : Bar::Real);
     if (hasWindows()) {
         introduceWindows();
-    } else if (anotherCopyRuns()) {
-        return failure(QStringLiteral("another copy is running (see 'barquell status')"));
-    } else {
-        log(QStringLiteral("There is no display; Barquell blocks without windows"));
     }
     platform().appLifecycle->setScriptCommands(scriptCommands());
-    return runApplication(afterLaunch);
+    return runApplication([] {
+        if (!hasWindows()) {
+            log(QStringLiteral("There is no display; Barquell blocks without windows"));
+        }
+        afterLaunch();
+    });
 }
 
 } // namespace barquell
