@@ -87,6 +87,10 @@ TEST_F(ActiveCommandsTest, WithoutABusNobodyCanBeShownOrEnded) {
     expectRefused("quit", 1);
 }
 
+TEST_F(ActiveCommandsTest, ASimulatedBarNeedsADisplay) {
+    expectRefused("--simulate", 1);
+}
+
 TEST_F(ActiveCommandsTest, StatusAnswersWithoutABusAServerOrARunningCopy) {
     const Result result = run("status --json");
     EXPECT_EQ(result.exitCode, 0);

@@ -1,6 +1,8 @@
 // The steps of the launch, in one list.
 
 #include "app/AppFixture.h"
+#include "foundation/NotificationCenter.h"
+#include "process/AppHelpers.h"
 #include "shortcuts/ShortcutMonitor.h"
 
 namespace barquell::test {
@@ -81,9 +83,26 @@ private:
     Steps &_steps;
 };
 
+class NotedChanges final : public ChangeObserver {
+public:
+    explicit NotedChanges(Steps &steps) : _steps(steps) {}
+
+    void observeValueForKeyPath(const QString &keyPath, Observable * /*object*/, const QVariant & /*value*/,
+                                const ObservingContext & /*context*/) override {
+        _steps.push_back(keyPath.toStdString());
+    }
+
+private:
+    Steps &_steps;
+};
+
 class LaunchOrderTest : public AppFixture {
 protected:
     LaunchOrderTest() {
+        UserDefaults::standard().addObserver(changes, QStringLiteral("LTADisplayDate"), {});
+        NotificationCenter::defaultCenter().addObserver(
+            observer, foregroundWindowNotification(),
+            [this](const Notification &) { steps.emplace_back("first window"); });
         Platform noted = platform();
         noted.workspace = &workspace;
         noted.distributedNotifications = &notifications;
@@ -91,10 +110,15 @@ protected:
         noted.overlayPanels = &panels;
         installPlatform(noted);
     }
-    ~LaunchOrderTest() override { here.platform.install(); }
+    ~LaunchOrderTest() override {
+        here.platform.install();
+        UserDefaults::standard().removeObserver(changes, QStringLiteral("LTADisplayDate"));
+    }
     Q_DISABLE_COPY_MOVE(LaunchOrderTest)
 
     Steps steps;
+    NotedChanges changes{steps};
+    QObject observer;
     NotedWorkspace workspace{here.platform.workspace, steps};
     NotedNotifications notifications{here.platform.notifications, steps};
     NotedStatusBar statusBar{here.platform.statusBar, steps};
@@ -110,7 +134,6 @@ TEST_F(LaunchOrderTest, TheStepsFollowEachOther) {
                      [this] { steps.emplace_back("launched"); });
     controller().applicationDidFinishLaunching();
     EXPECT_THAT(here.platform.taps.journal, testing::Not(testing::Contains("enable tap")));
-    EXPECT_TRUE(preferences()); // made, and shown with what is queued
     here.loop.runPending();
     EXPECT_THAT(steps, testing::ElementsAre("count copies", "com.vexolith.barquell.quit with 0 shortcuts",
                                             "com.vexolith.barquell.show with 0 shortcuts",
@@ -118,7 +141,7 @@ TEST_F(LaunchOrderTest, TheStepsFollowEachOther) {
                                             "com.apple.shieldWindowLowered with 3 shortcuts", //
                                             "com.vexolith.barquell.toggle with 3 shortcuts",  //
                                             "status item", "com.apple.accessibility.api with 3 shortcuts",
-                                            "HUD", //
+                                            "HUD", "LTADisplayDate", "first window", //
                                             "follow what is in front", "look what is in front", "launched"));
     EXPECT_THAT(here.platform.taps.journal, testing::Contains("enable tap"));
     EXPECT_TRUE(preferencesAreShown());

@@ -182,6 +182,30 @@ TEST_F(LaunchTest, ReopeningShowsTheAuthorizationWindowWithoutTrust) {
     EXPECT_FALSE(preferencesAreShown());
 }
 
+TEST_F(LaunchTest, AControllerThatHasGoneHearsNothing) {
+    set("SilentStart", true);
+    set("ToggleShortcut", QVariantList{32, 0x100000});
+    set("ToggleShortcutEnabled", true);
+    prepareSettings();
+    {
+        AppController shortLived;
+        shortLived.applicationDidFinishLaunching();
+        here.loop.runPending();
+    }
+    EXPECT_EQ(here.platform.statusBar.item(), nullptr);
+    set("ShowHUD", true);
+    set("BypassApps", QVariantList{ours()});
+    bringToFront(ours());
+    AppList::bypassAppList().addBundleIdentifier(QStringLiteral("org.example.editor"));
+    post("com.apple.shieldWindowRaised");
+    post("com.vexolith.barquell.toggle");
+    here.platform.hotKeys.press(32, kHotKeyCommand);
+    here.platform.trust.trusted = false;
+    post("com.apple.accessibility.api");
+    EXPECT_EQ(TouchBarInterceptor::pauseFlags(), 0U);
+    EXPECT_FALSE(stored("Active").isValid());
+}
+
 TEST_F(LaunchTest, AnotherCopysRequestToShowIsAReopen) {
     launchSilently();
     post("com.vexolith.barquell.show");
