@@ -5,8 +5,8 @@ function(barquell_alone)
 endfunction()
 
 # barquell_room(NAME [QT | GUI] SOURCES file... [LINKS room-or-library...])
-# One static library a room; QT adds moc and Qt's core, GUI its widgets too, each with precompiled headers. (UiTools brings
-# the widgets, and rooms that share compiled headers must share their definitions.)
+# One static library a room; QT adds moc and Qt's core, GUI its widgets too, each with precompiled headers. Rooms with
+# windows are compiled for size in a release: nothing there takes time, and all of it is in memory.
 function(barquell_room name)
   cmake_parse_arguments(ROOM "QT;GUI" "" "SOURCES;LINKS" ${ARGN})
   add_library(barquell_${name} STATIC ${ROOM_SOURCES})
@@ -18,7 +18,8 @@ function(barquell_room name)
     barquell_precompile(${name} foundation "Qt6::Core" <QObject> <QPointer> <QString> <QStringList> <QVariant> <chrono>
                         <functional> <memory> <optional> <string> <vector>)
   elseif(ROOM_GUI)
-    barquell_precompile(${name} interface "Qt6::UiTools" <QAction> <QApplication> <QIcon> <QMenu> <QObject> <QPointer>
+    target_compile_options(barquell_${name} PRIVATE $<$<CONFIG:Release>:-Os>)
+    barquell_precompile(${name} interface "Qt6::Widgets" <QAction> <QApplication> <QIcon> <QMenu> <QObject> <QPointer>
                         <QString> <QVariant> <QWidget> <chrono> <functional> <memory> <optional> <string> <vector>)
   endif()
 endfunction()

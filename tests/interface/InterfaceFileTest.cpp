@@ -1,6 +1,9 @@
 #include "interface/Forms.h"
 
-#include <QFile>
+#include <QGridLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QStyle>
 
 namespace barquell::test {
 namespace {
@@ -111,14 +114,120 @@ TEST_F(InterfaceFileTest, WhatIsNoFormIsRefused) {
     }
 }
 
-TEST_F(InterfaceFileTest, PluginsForDesignerStayOut) {
-    ASSERT_TRUE(load(widget("QWidget", "page")));
-    QFile maps(QStringLiteral("/proc/self/maps"));
-    ASSERT_TRUE(maps.open(QIODevice::ReadOnly));
-    const QByteArray libraries = maps.readAll();
-    EXPECT_TRUE(libraries.contains("libQt6Core"));
-    EXPECT_FALSE(libraries.contains("/designer/"));
-    EXPECT_FALSE(QCoreApplication::libraryPaths().isEmpty());
+/// A layout with this inside, in a widget named "page".
+QByteArray laidOut(const QByteArray &className, const QByteArray &content) {
+    return widget("QWidget", "page",
+                  "<layout class=\"" + className + "\" name=\"layout\">" + content + "</layout>");
+}
+
+QByteArray item(const QByteArray &attributes, const QByteArray &content) {
+    return "<item " + attributes + ">" + content + "</item>";
+}
+
+TEST_F(InterfaceFileTest, AGridPutsItsItemsWhereTheFileSays) {
+    ASSERT_TRUE(load(laidOut(
+        "QGridLayout",
+        "<property name=\"leftMargin\"><number>7</number></property>"
+        "<property name=\"verticalSpacing\"><number>5</number></property>" +
+            item("row=\"2\" column=\"1\" colspan=\"3\" alignment=\"Qt::AlignRight|Qt::AlignTop\"",
+                 widget("QLineEdit", "line")) +
+            item("row=\"0\" column=\"0\"", "<layout class=\"QHBoxLayout\" name=\"row\">" +
+                                               item("", widget("QLineEdit", "inner")) + "</layout>"))))
+        << complaint.toStdString();
+    const auto *grid = qobject_cast<QGridLayout *>(find<QWidget>("page")->layout());
+    ASSERT_NE(grid, nullptr);
+    const auto usual = [this](QStyle::PixelMetric side) {
+        return QApplication::style()->pixelMetric(side, nullptr, find<QWidget>("page"));
+    };
+    EXPECT_EQ(grid->contentsMargins(),
+              QMargins(7, usual(QStyle::PM_LayoutTopMargin), usual(QStyle::PM_LayoutRightMargin),
+                       usual(QStyle::PM_LayoutBottomMargin)));
+    EXPECT_EQ(grid->verticalSpacing(), 5);
+    int row = 0, column = 0, rows = 0, columns = 0;
+    grid->getItemPosition(grid->indexOf(find<QLineEdit>("line")), &row, &column, &rows, &columns);
+    EXPECT_EQ(std::vector({row, column, rows, columns}), std::vector({2, 1, 1, 3}));
+    EXPECT_EQ(grid->itemAtPosition(2, 1)->alignment(), Qt::AlignRight | Qt::AlignTop);
+    ASSERT_NE(grid->itemAtPosition(0, 0)->layout(), nullptr);
+    EXPECT_EQ(grid->itemAtPosition(0, 0)->layout()->itemAt(0)->widget(), find<QLineEdit>("inner"));
+    EXPECT_EQ(find<QLineEdit>("inner")->parent(), find<QWidget>("page"));
+}
+
+TEST_F(InterfaceFileTest, ASpacerIsOfItsSizeAndStretchesAsItSays) {
+    const QByteArray hint = "<property name=\"sizeHint\" "
+                            "stdset=\"0\"><size><width>20</width><height>9</height></size></property>";
+    const auto spacer = [&](const QByteArray &orientation, const QByteArray &more) {
+        return item("", "<spacer name=\"s\"><property name=\"orientation\"><enum>" + orientation +
+                            "</enum></property>" + more + hint + "</spacer>");
+    };
+    ASSERT_TRUE(load(laidOut(
+        "QVBoxLayout",
+        spacer("Qt::Vertical", "<property name=\"sizeType\"><enum>QSizePolicy::Fixed</enum></property>") +
+            spacer("Qt::Horizontal", ""))));
+    const QLayout &column = *find<QWidget>("page")->layout();
+    ASSERT_EQ(column.count(), 2);
+    EXPECT_EQ(column.itemAt(0)->sizeHint(), QSize(20, 9));
+    EXPECT_EQ(column.itemAt(0)->expandingDirections(), Qt::Orientations());
+    EXPECT_EQ(column.itemAt(1)->expandingDirections(), Qt::Horizontal);
+}
+
+TEST_F(InterfaceFileTest, PropertiesAreOfTheirClassesTypes) {
+    const auto property = [](const QByteArray &name, const QByteArray &value) {
+        return "<property name=\"" + name + "\">" + value + "</property>";
+    };
+    ASSERT_TRUE(load(widget(
+        "QLineEdit", "line",
+        property("focusPolicy", "<enum>Qt::ClickFocus</enum>") +
+            property("alignment", "<set>Qt::AlignRight|Qt::AlignBottom</set>") +
+            property("font", "<font><pointsize>21</pointsize><bold>true</bold></font>") +
+            property("geometry", "<rect><x>1</x><y>2</y><width>30</width><height>40</height></rect>") +
+            property("sizePolicy", "<sizepolicy hsizetype=\"Fixed\" vsizetype=\"Expanding\">"
+                                   "<horstretch>3</horstretch><verstretch>0</verstretch></sizepolicy>"))));
+    const auto *line = find<QLineEdit>("line");
+    EXPECT_EQ(line->focusPolicy(), Qt::ClickFocus);
+    EXPECT_EQ(line->alignment(), Qt::AlignRight | Qt::AlignBottom);
+    EXPECT_TRUE(line->font().bold());
+    EXPECT_EQ(line->font().pointSize(), 21);
+    EXPECT_EQ(line->geometry(), QRect(1, 2, 30, 40));
+    EXPECT_EQ(line->sizePolicy().horizontalPolicy(), QSizePolicy::Fixed);
+    EXPECT_EQ(line->sizePolicy().verticalPolicy(), QSizePolicy::Expanding);
+    EXPECT_EQ(line->sizePolicy().horizontalStretch(), 3);
+}
+
+TEST_F(InterfaceFileTest, NamesMayStandBeforeWhatTheyName) {
+    ASSERT_TRUE(
+        load(widget("QMenu", "menu",
+                    "<addaction name=\"first\"/><addaction name=\"separator\"/><addaction name=\"last\"/>") +
+             widget("QWidget", "page",
+                    widget("QLabel", "label", "<property name=\"buddy\"><cstring>line</cstring></property>") +
+                        widget("QLineEdit", "line")) +
+             action("last") + action("first")));
+    const QList<QAction *> actions = find<QMenu>("menu")->actions();
+    ASSERT_EQ(actions.size(), 3);
+    EXPECT_EQ(actions[0], find<QAction>("first"));
+    EXPECT_TRUE(actions[1]->isSeparator());
+    EXPECT_EQ(actions[2], find<QAction>("last"));
+    EXPECT_EQ(find<QLabel>("label")->buddy(), find<QLineEdit>("line"));
+}
+
+TEST_F(InterfaceFileTest, AMistakeWithinAnObjectIsRefused) {
+    const QByteArrayList bad{
+        widget("QLineEdit", "line", "<property name=\"colour\"><string>red</string></property>"),
+        widget("QLineEdit", "line", "<property name=\"maxLength\"><number>many</number></property>"),
+        widget("QLineEdit", "line", "<property name=\"focusPolicy\"><enum>Qt::Unheard</enum></property>"),
+        widget("QLineEdit", "line", "<property name=\"maxLength\"><brush/></property>"),
+        widget("QLineEdit", "line", "<property name=\"maxLength\"/>"),
+        widget("QLabel", "label", "<property name=\"buddy\"><cstring>nobody</cstring></property>"),
+        widget("QMenu", "menu", "<addaction name=\"nobody\"/>"),
+        widget("QWidget", "page", "<item><property name=\"text\"><string>x</string></property></item>"),
+        laidOut("QRoundLayout", ""),
+        laidOut("QVBoxLayout", "<item/>"),
+        action("item", widget("QWidget", "within")),
+    };
+    for (const QByteArray &wrong : bad) {
+        complaint.clear();
+        EXPECT_FALSE(load(wrong)) << wrong.constData();
+        EXPECT_TRUE(complaint.startsWith(QStringLiteral("line "))) << complaint.toStdString();
+    }
 }
 
 class View final : public QWidget {

@@ -1,7 +1,18 @@
 #include "foundation/interface/InterfaceClasses.h"
 
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QHash>
-#include <QWidget>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSlider>
+#include <QSpinBox>
+#include <QToolBar>
+#include <QToolButton>
 
 namespace barquell {
 
@@ -12,8 +23,28 @@ QHash<QString, InterfaceClasses::ObjectMaker> &objectMakers() {
     return makers;
 }
 
+template <typename Class>
+std::unique_ptr<QWidget> make(QWidget *parent) {
+    return std::make_unique<Class>(parent);
+}
+
+/// Qt's own stand in it from the start.
 QHash<QString, InterfaceClasses::WidgetMaker> &widgetMakers() {
-    static QHash<QString, InterfaceClasses::WidgetMaker> makers;
+    static QHash<QString, InterfaceClasses::WidgetMaker> makers{
+        {QStringLiteral("QCheckBox"), make<QCheckBox>},
+        {QStringLiteral("QComboBox"), make<QComboBox>},
+        {QStringLiteral("QDoubleSpinBox"), make<QDoubleSpinBox>},
+        {QStringLiteral("QLabel"), make<QLabel>},
+        {QStringLiteral("QLineEdit"), make<QLineEdit>},
+        {QStringLiteral("QMenu"), make<QMenu>},
+        {QStringLiteral("QPushButton"), make<QPushButton>},
+        {QStringLiteral("QRadioButton"), make<QRadioButton>},
+        {QStringLiteral("QSlider"), make<QSlider>},
+        {QStringLiteral("QSpinBox"), make<QSpinBox>},
+        {QStringLiteral("QToolBar"), make<QToolBar>},
+        {QStringLiteral("QToolButton"), make<QToolButton>},
+        {QStringLiteral("QWidget"), make<QWidget>},
+    };
     return makers;
 }
 

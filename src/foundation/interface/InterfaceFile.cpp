@@ -1,10 +1,8 @@
 #include "foundation/interface/InterfaceFile.h"
 
-#include "foundation/interface/InterfaceLoader.h"
-#include "foundation/interface/InterfaceText.h"
+#include "foundation/interface/InterfaceReader.h"
 #include "foundation/interface/Wiring.h"
 
-#include <QBuffer>
 #include <QFile>
 #include <QLayout>
 #include <QMetaMethod>
@@ -83,23 +81,18 @@ std::optional<TopLevelObjects> loadInterfaceFile(const QString &name, QObject *o
 }
 
 std::optional<TopLevelObjects> loadInterface(const QByteArray &content, QObject *owner, QString *complaint) {
-    InterfaceText text = readInterfaceText(content);
-    if (!text.complaint.isEmpty()) {
-        return refuse(text.complaint, complaint);
+    InterfaceReader reader(content);
+    const std::unique_ptr<QWidget> root = reader.read();
+    if (!reader.complaint().isEmpty()) {
+        return refuse(reader.complaint(), complaint);
     }
-    InterfaceLoader loader(text.objectClasses);
-    QBuffer form(&text.xml);
-    const std::unique_ptr<QWidget> root = loader.make(form);
-    if (!loader.complaint().isEmpty()) {
-        return refuse(loader.complaint(), complaint);
-    }
-    const Wiring wiring = plan(owner, loader.objects());
+    const Wiring wiring = plan(owner, reader.objects());
     if (!wiring.complaint().isEmpty()) {
         return refuse(wiring.complaint(), complaint);
     }
     TopLevelObjects topLevel = takeChildren(*root);
     wiring.perform();
-    awake(loader.objects());
+    awake(reader.objects());
     return topLevel;
 }
 
