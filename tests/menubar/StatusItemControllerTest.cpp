@@ -1,5 +1,6 @@
 #include "StatusItemFixture.h"
 
+#include "foundation/interface/Image.h"
 #include "menubar/StatusItemController.h"
 #include "menubar/hud/TouchBarHUDController.h"
 
@@ -34,8 +35,7 @@ protected:
     /// The icon as it is shown: image of the program, tool tip, opacity.
     void expectIcon(const char *image, const char *toolTip, double opacity) {
         const auto drawn = [](const QIcon &icon) { return icon.pixmap(32, 32).toImage(); };
-        EXPECT_EQ(drawn(item().image()),
-                  drawn(QIcon(QStringLiteral(":/images/%1.svg").arg(QLatin1String(image)))));
+        EXPECT_EQ(drawn(item().image()), drawn(imageNamed(QString::fromLatin1(image))));
         EXPECT_FALSE(item().image().isNull());
         EXPECT_EQ(item().toolTip(), QLatin1String(toolTip));
         EXPECT_EQ(item().opacity(), opacity);

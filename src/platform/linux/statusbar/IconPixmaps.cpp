@@ -3,7 +3,6 @@
 #include <QDBusArgument>
 #include <QIcon>
 #include <QImage>
-#include <QPainter>
 #include <QtEndian>
 
 #include <algorithm>
@@ -20,56 +19,63 @@ constexpr std::array kSizes{16, 22, 24, 32, 44, 48, 64, 128};
 constexpr double kHaloStrength = 0.65;
 constexpr int kPixelsToHaloWidth = 24;
 
-/// Each pixel of an image by itself: for the largest size Qt's painter would start threads, which then stay.
-template <typename Change>
-void forEachPixel(QImage &image, const Change &change) {
-    auto *pixels = reinterpret_cast<QRgb *>(image.bits());
-    for (qsizetype i = 0; i < image.sizeInBytes() / qsizetype{sizeof(QRgb)}; ++i) {
-        pixels[i] = change(pixels[i]);
-    }
-}
+// Pixel by pixel and not by Qt's painter: that would be loaded for this alone, and start threads for the
+// largest size.
 
-QImage filled(const QIcon &shape, int size, const QColor &color) {
-    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    painter.drawPixmap(QRect(0, 0, size, size), shape.pixmap(QSize(size, size), 1.0));
-    painter.end();
-    forEachPixel(image, [&color](QRgb pixel) {
-        return qPremultiply(
-            qRgba(color.red(), color.green(), color.blue(), qAlpha(pixel) * color.alpha() / 255));
-    });
-    return image;
-}
-
-/// What lies around the shape, and beneath it.
-QImage halo(const QIcon &shape, int size, const QColor &color) {
-    const QImage once = filled(shape, size, color.lightnessF() < 0.5 ? Qt::white : Qt::black);
-    QImage image(once.size(), once.format());
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    const int width = std::max(1, size / kPixelsToHaloWidth);
-    for (const int x : {-width, 0, width}) {
-        for (const int y : {-width, 0, width}) {
-            painter.drawImage(x, y, once);
+/// How much of each pixel the shape covers, 0 to 1; of a square with this side.
+class Cover {
+public:
+    Cover(const QIcon &shape, int side) : _side(side), _cover(qsizetype{side} * side) {
+        QImage image = shape.pixmap(QSize(side, side), 1.0).toImage();
+        if (image.width() != side || image.height() != side) {
+            image = image.scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+        }
+        for (int y = 0; y < side; ++y) {
+            for (int x = 0; x < side; ++x) {
+                _cover[index(x, y)] = qAlpha(image.pixel(x, y)) / 255.0;
+            }
         }
     }
-    return image;
-}
+
+    double at(int x, int y) const { return isInside(x) && isInside(y) ? _cover[index(x, y)] : 0; }
+
+    /// By the shape and eight of its kind laid about it.
+    double withNeighbours(int x, int y, int distance) const {
+        double open = 1;
+        for (const int right : {-distance, 0, distance}) {
+            for (const int down : {-distance, 0, distance}) {
+                open *= 1 - at(x + right, y + down);
+            }
+        }
+        return 1 - open;
+    }
+
+private:
+    bool isInside(int place) const { return place >= 0 && place < _side; }
+    qsizetype index(int x, int y) const { return qsizetype{y} * _side + x; }
+
+    int _side;
+    QList<double> _cover;
+};
 
 QImage image(const QIcon &shape, int size, const QColor &color, double opacity) {
-    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    painter.setOpacity(kHaloStrength);
-    painter.drawImage(0, 0, halo(shape, size, color));
-    painter.setOpacity(1);
-    painter.drawImage(0, 0, filled(shape, size, color));
-    painter.end();
-    image = image.convertToFormat(QImage::Format_ARGB32);
-    forEachPixel(image, [opacity](QRgb pixel) { // the whole, so that it dims as one
-        return qRgba(qRed(pixel), qGreen(pixel), qBlue(pixel), qRound(qAlpha(pixel) * opacity));
-    });
+    const Cover cover(shape, size);
+    const int width = std::max(1, size / kPixelsToHaloWidth);
+    const int around = color.lightnessF() < 0.5 ? 255 : 0;
+    QImage image(size, size, QImage::Format_ARGB32);
+    for (int y = 0; y < size; ++y) {
+        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
+        for (int x = 0; x < size; ++x) {
+            const double ink = cover.at(x, y) * color.alphaF();
+            const double halo = kHaloStrength * cover.withNeighbours(x, y, width) * (1 - ink);
+            const double both = ink + halo;
+            const auto mixed = [&](int part) {
+                return both > 0 ? qRound((part * ink + around * halo) / both) : 0;
+            };
+            line[x] = qRgba(mixed(color.red()), mixed(color.green()), mixed(color.blue()),
+                            qRound(255 * both * opacity)); // the whole, so that it dims as one
+        }
+    }
     return image;
 }
 
