@@ -23,6 +23,11 @@ if(BARQUELL_SANITIZE)
   endif()
 endif()
 
+if(NOT APPLE) # what nobody calls stays out of a release
+  add_compile_options($<$<CONFIG:Release>:-ffunction-sections> $<$<CONFIG:Release>:-fdata-sections>)
+  add_link_options($<$<CONFIG:Release>:-Wl,--gc-sections>)
+endif()
+
 find_program(LLD ld.lld)
 if(LLD AND NOT APPLE)
   add_link_options(-fuse-ld=lld) # several times faster, which the many tests notice
