@@ -131,6 +131,18 @@ TEST_F(LaunchTest, WithoutAStatusItemThereIsNone) {
     EXPECT_EQ(here.platform.statusBar.item(), nullptr);
 }
 
+TEST_F(LaunchTest, TheStatusItemThatTheUserRemovedIsDroppedAndTheProgramGoesOn) {
+    launchSilently();
+    here.platform.lifecycle.journal.clear();
+    here.platform.statusBar.item()->removeByUser();
+    here.loop.runPending();
+    EXPECT_EQ(stored("ShowStatusItem"), QVariant(false));
+    EXPECT_EQ(controller().statusItemController(), nullptr);
+    EXPECT_EQ(here.platform.statusBar.item(), nullptr);
+    EXPECT_THAT(here.platform.lifecycle.journal, Not(Contains("terminate")));
+    EXPECT_FALSE(touchPasses());
+}
+
 TEST_F(LaunchTest, AStatusItemThatStandsIsKept) {
     launchSilently();
     const auto *item = here.platform.statusBar.item();
