@@ -128,7 +128,9 @@ TEST_F(SharedPreferencesTest, ShowingTheAppsWhileTheyAreShownDoesNothing) {
     touchBar->showApps({});
     settle();
     const QByteArray before = preferences.window()->saveGeometry();
+    UserDefaults::standard().removeObjectForKey(QStringLiteral("PreferencesWindowTabIdentifier"));
     touchBar->showApps({});
+    EXPECT_FALSE(stored("PreferencesWindowTabIdentifier").isValid()); // it became current no second time
     settle();
     EXPECT_EQ(preferences.window()->saveGeometry(), before);
     touchBar->appsTab()->closeTab({});
