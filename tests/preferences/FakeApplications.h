@@ -56,10 +56,10 @@ public:
         return _names.value(bundleIdentifier(path)).displayed;
     }
     QString ownName(const QString &path) const override { return _names.value(bundleIdentifier(path)).own; }
-    QIcon icon(const QString &path) const override {
+    QIcon icon(const QString & /*path*/) const override { // some desktops have one for whatever it is
         QPixmap square(32, 32);
         square.fill(Qt::darkCyan);
-        return bundleIdentifier(path).isEmpty() ? QIcon() : QIcon(square);
+        return square;
     }
     QString folder() const override { return QStringLiteral("/apps"); }
     QString fileType() const override { return QStringLiteral("app"); }
