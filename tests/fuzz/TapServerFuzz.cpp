@@ -19,6 +19,7 @@ void require(bool condition, const char *what) {
 void requirePromises(const Chance &world) {
     require(world.isConsistent(), "no finger stays on a clone whose bar is free");
     require(world.numbersAreInOrder(), "frames are numbered in their order");
+    require(world.nobodyTrespasses(), "keys and touches are for who is in front and has a grant");
     require(world.framesOut() <= tapd::FrameQueue::kRoom, "the queue is bounded");
 }
 
@@ -59,7 +60,8 @@ void speak(Chance &world, Bytes &bytes, unsigned how) {
     }
     protocol::ClientMessage message;
     message.type = static_cast<protocol::ClientMessageType>(how % 8);
-    if (message.type == protocol::ClientMessageType::Hello) {
+    if (message.type == protocol::ClientMessageType::Hello ||
+        message.type >= protocol::ClientMessageType::RequestGrant) {
         message.version = protocol::kVersion;
     } else if (message.type == protocol::ClientMessageType::CreateTap) {
         message.eventMask = maskOf(EventType::Gesture);

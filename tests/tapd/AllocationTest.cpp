@@ -37,6 +37,19 @@ private:
     std::string _name = "a client";
 };
 
+class EverybodysGrants final : public tapd::GrantPort {
+public:
+    grant::Reading read(std::uint32_t /*user*/) override { return {grant::State::Held, {}}; }
+    std::string give(std::uint32_t /*user*/) override { return {}; }
+    std::string withdraw(std::uint32_t /*user*/) override { return {}; }
+};
+
+class NoAuthority final : public tapd::AuthorityPort {
+public:
+    bool ask(const tapd::ClientLink & /*link*/) override { return false; }
+    void forget(const tapd::ClientLink & /*link*/) override {}
+};
+
 class Port final : public tapd::BarPort {
 public:
     std::optional<tapd::BarState> state() override { return tapd::BarState(); }
@@ -67,7 +80,9 @@ TEST(AllocationTest, TheEventPathNeitherAllocatesNorLogs) {
     NoLog log;
     Link link;
     Port port;
-    tapd::TapServer server(log);
+    EverybodysGrants grants;
+    NoAuthority authority;
+    tapd::TapServer server(grants, authority, log);
     const tapd::Time now{std::chrono::hours(1)};
     ASSERT_TRUE(server.barAdded(palmBar(), port, now));
     server.keyboardAdded(1);

@@ -8,6 +8,8 @@ using namespace protocol;
 using namespace std::chrono_literals;
 
 Chance::Chance() : second(palmBar()) {
+    other.uid = client.uid + 1;
+    grants.give(other.uid);
     plug(bar);
     plug(second);
     server.keyboardAdded(1);
@@ -65,6 +67,15 @@ void Chance::step(int what, std::size_t place) {
         client.full = _here && place == 0;
         server.writable(client);
         break;
+    case 18:
+        changeFront(place);
+        break;
+    case 19:
+        changeGrant(place < 2 ? client : other);
+        break;
+    case 20:
+        wish(place);
+        break;
     default:
         announce(bar);
         announce(second);
@@ -97,8 +108,9 @@ void Chance::arrive() {
     _lastNumber = 0;
     hello(client);
     create(client);
-    _here = true;
+    _here = !client.closed;
     for (const ServerMessage &message : client.take()) {
+        watch(client, message);
         if (message.type == ServerMessageType::TapCreated) {
             setEnabled(client, true);
         }
@@ -148,16 +160,48 @@ void Chance::replug(FakeBar &device) {
     announce(device);
 }
 
-void Chance::welcomeOther() {
+void Chance::changeFront(std::size_t how) {
+    using tapd::Front;
+    _front = how == 0   ? Front::everybody()
+             : how == 1 ? Front::nobody()
+             : how < 4  ? Front::of(client.uid)
+                        : Front::of(other.uid);
+    server.frontChanged(_front, now);
+    if (!_front.includes(client.uid)) {
+        _out.clear();
+    }
+}
+
+void Chance::changeGrant(const FakeLink &of) {
+    if (grants.read(of.uid).state == grant::State::Held) {
+        grants.withdraw(of.uid);
+    } else {
+        grants.give(of.uid);
+    }
+    server.grantsChanged(now);
+}
+
+/// The other one asks for the grant or gives it up, or is answered.
+void Chance::wish(std::size_t how) {
+    if (authority.asked.contains(&other)) {
+        server.answered(other, static_cast<tapd::Answer>(how % 3), now);
+    } else if (!_otherHere) {
+        authority.isThere = how != 0;
+        connectOther(how < 4 ? ClientMessageType::RequestGrant : ClientMessageType::WithdrawGrant);
+    }
+}
+
+void Chance::connectOther(ClientMessageType word) {
     other.closed = false;
     other.full = false;
-    hello(other);
+    begin(other, word);
     _otherHere = true;
 }
 
 void Chance::sayAnything(std::span<const std::byte> packet) {
     if (!_otherHere) {
-        welcomeOther();
+        connectOther(ClientMessageType::Hello);
+        listen();
     }
     server.received(other, packet, now);
     listen();
@@ -171,8 +215,16 @@ void Chance::makeNoise(std::size_t place, const evdev::InputEvent &event) {
     listen();
 }
 
+void Chance::watch(const FakeLink &hearer, const ServerMessage &message) {
+    const bool forTheFront = message.type == ServerMessageType::Frame || message.flags != 0;
+    const bool granted = grants.read(hearer.uid).state == grant::State::Held;
+    _trespassed = _trespassed || (forTheFront && !_front.includes(hearer.uid)) ||
+                  (message.type == ServerMessageType::Welcome && !granted);
+}
+
 void Chance::listen() {
     for (const ServerMessage &message : client.take()) {
+        watch(client, message);
         if (message.type == ServerMessageType::Frame) {
             _inOrder = _inOrder && message.frame > _lastNumber;
             _lastNumber = message.frame;
@@ -187,6 +239,7 @@ void Chance::listen() {
         _here = false;
     }
     for (const ServerMessage &message : other.take()) {
+        watch(other, message);
         _otherHasFrames = _otherHasFrames || message.type == ServerMessageType::Frame;
     }
     if (other.closed) {
@@ -219,7 +272,7 @@ void Chance::end() {
 
 bool Chance::isAtRest() const {
     const auto rests = [](const FakeBar &device) { return !device.grabbed && !device.hasClone; };
-    return isConsistent() && rests(bar) && rests(second);
+    return isConsistent() && rests(bar) && rests(second) && authority.asked.empty();
 }
 
 } // namespace barquell::test

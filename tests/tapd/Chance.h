@@ -6,11 +6,12 @@
 
 namespace barquell::test {
 
-/// Two bars, a hand on each, and a client that behaves, moved by numbers that somebody makes up. Positions
-/// only grow, so that what is overtaken shows. The bars check by themselves what FakeBar promises.
+/// Two bars, a hand on each, a client that behaves and one of another user, who come to the front and go,
+/// have grants and lose them; all moved by numbers that somebody makes up. Positions only grow, so that what
+/// is overtaken shows. The bars check by themselves what FakeBar promises.
 class Chance : public TapdTest {
 public:
-    static constexpr int kSteps = 19;
+    static constexpr int kSteps = 22;
     static constexpr std::size_t kPlaces = 6; ///< three slots on each bar
 
     Chance();
@@ -32,6 +33,8 @@ public:
     bool isConsistent() const;
     std::size_t framesOut() const { return _out.size(); }
     bool numbersAreInOrder() const { return _inOrder; }
+    /// Keys and touches go to who is in front, and nobody without a grant is welcome.
+    bool nobodyTrespasses() const { return !_trespassed; }
     bool isOvertaken() const { return bar.overtaken || second.overtaken; }
 
     /// All fingers leave, all clients go, and time passes: then nothing may be held.
@@ -54,7 +57,11 @@ private:
     void recreate(std::size_t how);
     void loseEvents(Place place);
     void replug(FakeBar &device);
-    void welcomeOther();
+    void changeFront(std::size_t how);
+    void changeGrant(const FakeLink &of);
+    void wish(std::size_t how);
+    void connectOther(protocol::ClientMessageType word);
+    void watch(const FakeLink &hearer, const protocol::ServerMessage &message);
     void listen();
 
     FakeBar second;
@@ -65,6 +72,8 @@ private:
     bool _otherHere = false;
     bool _otherHasFrames = false;
     bool _inOrder = true;
+    bool _trespassed = false;
+    tapd::Front _front = tapd::Front::everybody();
 };
 
 } // namespace barquell::test

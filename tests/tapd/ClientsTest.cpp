@@ -18,12 +18,6 @@ protected:
         server.keyboardAdded(1);
         server.keyboardRead(1, std::vector<evdev::InputEvent>{{0, evdev::kEvKey, key, value}});
     }
-
-    void expectRefused(FakeLink &link, Refusal reason) {
-        ASSERT_FALSE(link.heard.empty());
-        EXPECT_EQ(link.heard.back().type, ServerMessageType::Refused);
-        EXPECT_EQ(link.heard.back().reason, reason);
-    }
 };
 
 } // namespace
@@ -56,6 +50,7 @@ TEST_F(ClientsTest, AWelcomeTellsThatNobodyHasTheTap) {
 TEST_F(ClientsTest, OfAnotherUsersProcessNobodyHearsMoreThanThatThereIsOne) {
     startTapping();
     other.uid = client.uid + 1;
+    grants.give(other.uid);
     hello(other);
     EXPECT_EQ(other.heard.at(0).holder, kAnotherUser);
 }
@@ -63,6 +58,7 @@ TEST_F(ClientsTest, OfAnotherUsersProcessNobodyHearsMoreThanThatThereIsOne) {
 TEST_F(ClientsTest, RootHearsOfEveryUsersProcess) {
     startTapping();
     other.uid = 0;
+    grants.give(other.uid);
     hello(other);
     EXPECT_EQ(other.heard.at(0).holder, client.pid);
 }
@@ -165,6 +161,7 @@ TEST_F(ClientsTest, ThereIsRoomForSixteen) {
     for (std::size_t i = 0; i < tapd::TapServer::kMaximumClients; ++i) {
         links.push_back(std::make_unique<FakeLink>());
         links.back()->uid = static_cast<std::uint32_t>(i);
+        grants.give(links.back()->uid);
         hello(*links.back());
     }
     connect(other);
@@ -184,6 +181,7 @@ TEST_F(ClientsTest, OneUserLeavesTheOthersRoom) {
     expectRefused(client, Refusal::Busy);
     EXPECT_TRUE(client.closed);
     other.uid = 1001;
+    grants.give(other.uid);
     hello(other);
     EXPECT_FALSE(other.closed);
 }

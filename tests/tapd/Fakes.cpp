@@ -104,7 +104,15 @@ void FakeBar::see() {
     seen.push_back(positions);
 }
 
-TapdTest::TapdTest() : bar(t2Bar()) {}
+TapdTest::TapdTest() : bar(t2Bar()) {
+    grants.give(client.uid);
+}
+
+void TapdTest::expectRefused(FakeLink &link, Refusal reason) {
+    ASSERT_FALSE(link.heard.empty());
+    EXPECT_EQ(link.heard.back().type, ServerMessageType::Refused);
+    EXPECT_EQ(link.heard.back().reason, reason);
+}
 
 void TapdTest::plug(FakeBar &device) {
     ASSERT_TRUE(server.barAdded(device.description, device, now));
@@ -133,10 +141,10 @@ void TapdTest::connect(FakeLink &link) {
     server.connected(link, now);
 }
 
-void TapdTest::hello(FakeLink &link) {
+void TapdTest::begin(FakeLink &link, ClientMessageType word) {
     connect(link);
     ClientMessage message;
-    message.type = ClientMessageType::Hello;
+    message.type = word;
     message.version = kVersion;
     say(link, message);
 }

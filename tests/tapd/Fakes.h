@@ -5,6 +5,9 @@
 
 #include <gmock/gmock.h>
 
+#include <map>
+#include <set>
+
 namespace barquell::test {
 
 class RecordingLog final : public tapd::Log {
@@ -43,6 +46,43 @@ public:
 
 private:
     std::string _name = "a client";
+};
+
+/// Grants without a disk.
+class FakeGrants final : public tapd::GrantPort {
+public:
+    grant::Reading read(std::uint32_t user) override {
+        const auto reading = readings.find(user);
+        return reading == readings.end() ? grant::Reading() : reading->second;
+    }
+    std::string give(std::uint32_t user) override {
+        if (problem.empty()) {
+            readings[user] = {grant::State::Held, {}};
+        }
+        return problem;
+    }
+    std::string withdraw(std::uint32_t user) override {
+        if (problem.empty()) {
+            readings.erase(user);
+        }
+        return problem;
+    }
+
+    std::map<std::uint32_t, grant::Reading> readings;
+    std::string problem; ///< of every change
+};
+
+/// A person who says nothing by itself.
+class FakeAuthority final : public tapd::AuthorityPort {
+public:
+    bool ask(const tapd::ClientLink &link) override {
+        EXPECT_FALSE(asked.contains(&link)) << "asked twice";
+        return isThere && asked.insert(&link).second;
+    }
+    void forget(const tapd::ClientLink &link) override { asked.erase(&link); }
+
+    std::set<const tapd::ClientLink *> asked;
+    bool isThere = true;
 };
 
 /// A bar with a hand on it, and a reader of its clone. It checks by itself that the grab comes and goes only
@@ -94,7 +134,7 @@ private:
     std::array<std::int32_t, evdev::kMaximumSlots> _last{};
 };
 
-/// A server with a bar to plug in and two clients that may connect.
+/// A server with a bar to plug in and two clients that may connect, whose user has a grant.
 class TapdTest : public testing::Test {
 protected:
     void plug(FakeBar &device);
@@ -105,7 +145,10 @@ protected:
     void tapAt(std::int32_t x);
 
     void connect(FakeLink &link);
-    void hello(FakeLink &link);
+    /// Connects and says the word.
+    void begin(FakeLink &link, protocol::ClientMessageType word);
+    void hello(FakeLink &link) { begin(link, protocol::ClientMessageType::Hello); }
+    void expectRefused(FakeLink &link, protocol::Refusal reason);
     void say(FakeLink &link, const protocol::ClientMessage &message);
     void create(FakeLink &link, EventMask mask = maskOf(EventType::Gesture));
     void setEnabled(FakeLink &link, bool on);
@@ -120,10 +163,12 @@ protected:
 
     RecordingLog log;
     tapd::Time now{std::chrono::hours(1)};
+    FakeGrants grants;
+    FakeAuthority authority;
     FakeBar bar;
     FakeLink client;
     FakeLink other;
-    tapd::TapServer server{log}; // goes before what it was given
+    tapd::TapServer server{grants, authority, log}; // goes before what it was given
 
     TapdTest();
 };

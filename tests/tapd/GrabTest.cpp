@@ -293,7 +293,7 @@ TEST_F(GrabTest, APluggedBarIsHeldAgain) {
 
 TEST_F(GrabTest, TooManyBarsAreLeftAlone) {
     std::vector<std::unique_ptr<FakeBar>> bars;
-    for (std::size_t i = 0; i < tapd::TapServer::kMaximumBars; ++i) {
+    for (std::size_t i = 0; i < tapd::Bars::kMaximum; ++i) {
         plug(*bars.emplace_back(std::make_unique<FakeBar>(t2Bar())));
     }
     EXPECT_FALSE(server.barAdded(bar.description, bar, now));

@@ -4,7 +4,7 @@
 
 namespace barquell::test {
 
-TEST(Invariants, WithTheBarsFreeTheirClonesAreFreeAndNothingIsReordered) {
+TEST(Invariants, WithTheBarsFreeTheirClonesAreFreeAndNothingIsReorderedOrOverheard) {
     const bool held = rc::check([] {
         Chance world;
         const auto step = rc::gen::pair(rc::gen::inRange(0, Chance::kSteps),
@@ -15,6 +15,7 @@ TEST(Invariants, WithTheBarsFreeTheirClonesAreFreeAndNothingIsReordered) {
             world.step(what, place);
             RC_ASSERT(world.isConsistent());
             RC_ASSERT(world.numbersAreInOrder());
+            RC_ASSERT(world.nobodyTrespasses());
             RC_ASSERT(world.framesOut() <= tapd::FrameQueue::kRoom);
         }
         world.end();

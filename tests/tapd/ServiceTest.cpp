@@ -306,6 +306,12 @@ TEST(Options, TheyAreReadOrRefused) {
     EXPECT_EQ(options->socket.mode, 0600U);
     EXPECT_EQ(options->socket.group, "g");
     EXPECT_EQ(parse({})->socket.path, protocol::kDefaultSocket);
+    EXPECT_EQ(parse({})->grants, grant::kFolder);
+    EXPECT_EQ(parse({"--grants", "/g"})->grants, "/g");
+    EXPECT_EQ(parse({"--grant", "jane"})->task, Task::Grant);
+    EXPECT_EQ(parse({"--withdraw", "jane"})->task, Task::Withdraw);
+    EXPECT_EQ(parse({"--withdraw", "jane"})->user, "jane");
+    EXPECT_FALSE(parse({"--grant"}));
     EXPECT_EQ(parse({"--help"})->task, Task::Help);
     EXPECT_EQ(parse({"--version"})->task, Task::Version);
     EXPECT_FALSE(parse({"--mode", "9"}));

@@ -21,6 +21,9 @@ class FrameSink {
 public:
     virtual void frame(BarRelay &bar, const BarFrame &frame, Time now) = 0;
 
+    /// The bar is about to go.
+    virtual void forget(const BarRelay &bar) = 0;
+
 protected:
     FrameSink() = default;
     FrameSink(const FrameSink &) = default;

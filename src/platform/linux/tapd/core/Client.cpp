@@ -23,22 +23,29 @@ ServerMessage barsMessage(ServerMessageType type, const PublicState &state) {
 } // namespace
 
 bool Client::welcome(const PublicState &state, std::int32_t holder) {
-    _welcome = true;
+    _stage = Stage::Welcome;
     ServerMessage message = barsMessage(ServerMessageType::Welcome, state);
     message.version = protocol::kVersion;
-    message.flags = state.flags;
+    message.flags = _inFront ? state.flags : 0;
     message.holder = holder;
+    message.inFront = _inFront ? 1 : 0;
     return tell(message);
 }
 
 std::int32_t Client::processFor(const Client &asking) const {
     constexpr std::uint32_t kRoot = 0;
-    const std::uint32_t user = asking.link().user();
-    return user == kRoot || user == _link->user() ? _link->process() : protocol::kAnotherUser;
+    return asking.user() == kRoot || asking.user() == user() ? _link->process() : protocol::kAnotherUser;
 }
 
-bool Client::tapCreated() {
-    return tell(messageOf(ServerMessageType::TapCreated));
+bool Client::tell(ServerMessageType type) {
+    return tell(messageOf(type));
+}
+
+void Client::setInFront(bool inFront) {
+    if (_inFront != inFront) {
+        _inFront = inFront;
+        _owesFlags = inFront && isWelcome();
+    }
 }
 
 bool Client::refuse(protocol::Refusal reason) {
@@ -50,7 +57,7 @@ bool Client::refuse(protocol::Refusal reason) {
 
 void Client::settle(const PublicState &state) {
     if (_owesDisabled) {
-        _owesDisabled = !tell(messageOf(ServerMessageType::DisabledByTimeout));
+        _owesDisabled = !tell(ServerMessageType::DisabledByTimeout);
     }
     if (_owesFlags) {
         ServerMessage message = messageOf(ServerMessageType::FlagsChanged);

@@ -4,7 +4,7 @@
 
 namespace barquell::tapd {
 
-/// What every client may know.
+/// What every client may know, but for the flags: those are for whoever is in front.
 struct PublicState {
     ModifierFlags flags = 0;
     std::uint16_t barsKnown = 0;
@@ -15,24 +15,36 @@ struct PublicState {
 /// them once and no more. One thread.
 class Client {
 public:
-    Client(ClientLink &link, Time connected)
-        : _link(&link), _helloDeadline(connected + std::chrono::microseconds(protocol::kHelloLimit)) {}
+    Client(ClientLink &link, Time connected, bool inFront)
+        : _link(&link), _helloDeadline(connected + std::chrono::microseconds(protocol::kHelloLimit)),
+          _inFront(inFront) {}
 
     ClientLink &link() const { return *_link; }
-    bool isWelcome() const { return _welcome; }
+    std::uint32_t user() const { return _link->user(); }
+    bool hasSpoken() const { return _stage != Stage::Silent; }
+    bool isAsking() const { return _stage == Stage::Asking; }
+    bool isWelcome() const { return _stage == Stage::Welcome; }
+    bool isInFront() const { return _inFront; }
     Time helloDeadline() const { return _helloDeadline; }
+
+    /// It has said what it wishes of its user's grant.
+    void asks() { _stage = Stage::Asking; }
 
     /// False where the client does not read what it is told.
     bool welcome(const PublicState &state, std::int32_t holder);
-    bool tapCreated();
+    /// A message of nothing but its type.
+    bool tell(protocol::ServerMessageType type);
     bool refuse(protocol::Refusal reason);
     bool tell(const protocol::ServerMessage &message) { return _link->send(message); }
 
     /// What the client may know of the process that has the tap; see protocol::kAnotherUser.
     std::int32_t processFor(const Client &asking) const;
 
+    /// Behind another user it is owed no flags, in front again the current ones.
+    void setInFront(bool inFront);
+
     void owe(bool flags, bool bars) {
-        _owesFlags |= flags;
+        _owesFlags |= flags && _inFront;
         _owesBars |= bars;
     }
     void oweDisabled() { _owesDisabled = true; }
@@ -42,9 +54,12 @@ public:
     bool owes() const { return _owesFlags || _owesBars || _owesDisabled; }
 
 private:
+    enum class Stage { Silent, Asking, Welcome };
+
     ClientLink *_link;
     Time _helloDeadline;
-    bool _welcome = false;
+    Stage _stage = Stage::Silent;
+    bool _inFront;
     bool _owesFlags = false;
     bool _owesBars = false;
     bool _owesDisabled = false;

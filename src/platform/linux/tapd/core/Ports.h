@@ -2,6 +2,7 @@
 
 #include "evdev/Contacts.h"
 #include "evdev/InputEvent.h"
+#include "platform/linux/grant/GrantFolder.h"
 #include "platform/linux/protocol/Protocol.h"
 
 #include <chrono>
@@ -53,6 +54,67 @@ protected:
     ClientLink(const ClientLink &) = default;
     ClientLink &operator=(const ClientLink &) = default;
     ~ClientLink() = default;
+};
+
+/// Where it is kept who may filter.
+class GrantPort {
+public:
+    virtual grant::Reading read(std::uint32_t user) = 0;
+
+    /// Why it failed; empty on success.
+    virtual std::string give(std::uint32_t user) = 0;
+    virtual std::string withdraw(std::uint32_t user) = 0;
+
+protected:
+    GrantPort() = default;
+    GrantPort(const GrantPort &) = default;
+    GrantPort &operator=(const GrantPort &) = default;
+    ~GrantPort() = default;
+};
+
+/// What the system says to whether a user may have a grant.
+enum class Answer {
+    Yes,
+    No,
+    None, ///< it could ask nobody, or is gone
+};
+
+/// Who asks the person at the machine.
+class AuthorityPort {
+public:
+    /// Asks about the client's user. False where that cannot be; otherwise the answer comes by
+    /// TapServer::answered(), later.
+    virtual bool ask(const ClientLink &link) = 0;
+
+    /// The answer is not wanted (any more).
+    virtual void forget(const ClientLink &link) = 0;
+
+protected:
+    AuthorityPort() = default;
+    AuthorityPort(const AuthorityPort &) = default;
+    AuthorityPort &operator=(const AuthorityPort &) = default;
+    ~AuthorityPort() = default;
+};
+
+/// Who is at the machine: a user, nobody, or (where the system does not say) everybody.
+class Front {
+public:
+    static Front everybody() { return Front(true, std::nullopt); }
+    static Front nobody() { return Front(false, std::nullopt); }
+    static Front of(std::uint32_t user) { return Front(false, user); }
+
+    bool includes(std::uint32_t user) const { return _everybody || _user == user; }
+    /// For the log.
+    std::string name() const {
+        return _everybody ? "everybody" : _user ? "user " + std::to_string(*_user) : "nobody";
+    }
+    bool operator==(const Front &) const = default;
+
+private:
+    Front(bool everybody, std::optional<std::uint32_t> user) : _everybody(everybody), _user(user) {}
+
+    bool _everybody;
+    std::optional<std::uint32_t> _user;
 };
 
 /// What a bar holds at the moment, asked and not followed.

@@ -30,4 +30,13 @@ bool Connection::send(const protocol::ServerMessage &message) {
     return bytes >= 0 || (errno != EAGAIN && errno != ENOBUFS && errno != ENOMEM);
 }
 
+/// A socket that is closed over words that nobody has read takes back what it has told.
+void Connection::close() {
+    _closed = true;
+    ::shutdown(_socket.get(), SHUT_RD);
+    Packet packet;
+    while (::recv(_socket.get(), packet.data(), packet.size(), MSG_DONTWAIT) > 0) {
+    }
+}
+
 } // namespace barquell::tapd

@@ -21,7 +21,7 @@ public:
     Received receive(Packet &packet, std::size_t &size) const;
 
     bool send(const protocol::ServerMessage &message) override;
-    void close() override { _closed = true; }
+    void close() override;
     const std::string &name() const override { return _name; }
     std::uint32_t user() const override { return _user; }
     std::int32_t process() const override { return _process; }

@@ -21,18 +21,32 @@ FileDescriptor endSignals() {
 
 } // namespace
 
-Daemon::Daemon(Listener listener, Log &log)
-    : _listener(std::move(listener)), _signals(endSignals()), _server(log), _devices(_server, _poller, log) {}
+Daemon::Daemon(Listener listener, grant::GrantFolder grants, Log &log)
+    : _listener(std::move(listener)), _signals(endSignals()), _grants(std::move(grants)),
+      _authority(_poller, log), _server(_grants, _authority, log), _devices(_server, _poller, log) {}
 
 bool Daemon::start() {
     _running = _poller.add(Source::Signals, _signals.get()) &&
                _poller.add(Source::Timer, _timer.descriptor()) &&
+               _poller.add(Source::Grants, _grants.descriptor()) &&
                _poller.add(Source::Listener, _listener->descriptor()) && _devices.start();
+    followTheSystem(std::chrono::steady_clock::now());
     return _running;
 }
 
-void Daemon::run() {
-    while (_running) {
+/// The login manager and the folder of the grants may come after us.
+void Daemon::followTheSystem(Time now) {
+    if (_seat.follow() && _poller.add(Source::Seat, _seat.descriptor())) {
+        _server.frontChanged(_seat.front(), now);
+    }
+    if (_grants.follow()) {
+        _server.grantsChanged(now);
+    }
+}
+
+Daemon::End Daemon::run() {
+    bool idle = false;
+    while (_running && !idle) {
         _devices.updateWanted();
         updateClients();
         _timer.update(deadline());
@@ -43,6 +57,7 @@ void Daemon::run() {
         }
         _server.advance(now);
         _devices.advance(now);
+        idle = _server.isDone(now);
     }
     _devices.close();
     _listener.reset(); // the next server need not wait for our clones to go
@@ -50,6 +65,7 @@ void Daemon::run() {
         std::this_thread::sleep_until(*last);
         _devices.advance(*last);
     }
+    return idle ? End::Idle : End::Asked;
 }
 
 std::optional<Time> Daemon::deadline() const {
@@ -65,6 +81,17 @@ void Daemon::serve(const Ready &ready, Time now) {
         break;
     case Source::Timer:
         _timer.read();
+        break;
+    case Source::Seat:
+        _seat.forgetChanges();
+        _server.frontChanged(_seat.front(), now);
+        break;
+    case Source::Grants:
+        _grants.forgetChanges();
+        _server.grantsChanged(now);
+        break;
+    case Source::Authority:
+        serveAuthority(ready.descriptor, now);
         break;
     case Source::Keyboard:
         _devices.readKeyboard(ready.descriptor);
@@ -84,7 +111,14 @@ void Daemon::serve(const Ready &ready, Time now) {
     }
 }
 
+void Daemon::serveAuthority(int descriptor, Time now) {
+    if (const auto answered = _authority.proceed(descriptor)) {
+        _server.answered(*answered->link, answered->answer, now); // which forgets the question
+    }
+}
+
 void Daemon::accept(Time now) {
+    followTheSystem(now);
     FileDescriptor socket = _listener->accept();
     const int key = socket.get();
     if (!socket.isValid() || !_poller.add(Source::Client, key)) {

@@ -3,7 +3,10 @@
 #include "platform/linux/tapd/service/Connection.h"
 #include "platform/linux/tapd/service/DeadlineTimer.h"
 #include "platform/linux/tapd/service/InputDevices.h"
+#include "platform/linux/tapd/service/KeptGrants.h"
 #include "platform/linux/tapd/service/Listener.h"
+#include "platform/linux/tapd/service/PolkitAuthority.h"
+#include "platform/linux/tapd/service/SeatWatch.h"
 
 namespace barquell::tapd {
 
@@ -11,13 +14,17 @@ namespace barquell::tapd {
 /// blocks.
 class Daemon {
 public:
-    Daemon(Listener listener, Log &log);
+    Daemon(Listener listener, grant::GrantFolder grants, Log &log);
 
     /// False where the system does not give what it takes.
     bool start();
 
-    /// Until a signal asks for the end.
-    void run();
+    /// Whoever started us for a client starts us again for the next.
+    void endWhenIdle() { _server.endWhenIdle(std::chrono::steady_clock::now()); }
+
+    enum class End { Asked, Idle };
+    /// Until a signal asks for the end, or nobody needs us.
+    End run();
 
 private:
     struct Client {
@@ -27,7 +34,9 @@ private:
 
     std::optional<Time> deadline() const;
     void serve(const Ready &ready, Time now);
+    void followTheSystem(Time now);
     void accept(Time now);
+    void serveAuthority(int descriptor, Time now);
     void serveClient(const Ready &ready, Time now);
     void updateClients();
 
@@ -35,6 +44,9 @@ private:
     Poller _poller;
     FileDescriptor _signals;
     DeadlineTimer _timer;
+    KeptGrants _grants;
+    PolkitAuthority _authority;
+    SeatWatch _seat;
     TapServer _server;
     InputDevices _devices; // goes before the server
     std::map<int, Client> _clients;

@@ -2,10 +2,12 @@
 
 #include <cerrno>
 #include <cstring>
+#include <fcntl.h>
 #include <grp.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
+#include <systemd/sd-daemon.h>
 
 namespace barquell::tapd {
 
@@ -107,6 +109,7 @@ std::optional<Listener> Listener::open(const SocketOptions &options, std::string
         return std::nullopt;
     }
     Listener listener(std::move(socket), options.path);
+    listener.own();
     if (::listen(listener.descriptor(), kWaiting) < 0 || !giveAccess(options)) {
         problem = options.path + ": its mode or group cannot be set";
         return std::nullopt;
@@ -114,8 +117,26 @@ std::optional<Listener> Listener::open(const SocketOptions &options, std::string
     return listener;
 }
 
-Listener::Listener(FileDescriptor socket, std::string path)
-    : _socket(std::move(socket)), _path(std::move(path)) {
+bool Listener::isHandedOver() {
+    return ::sd_listen_fds(0) > 0;
+}
+
+std::optional<Listener> Listener::take(std::string &problem) {
+    const int count = ::sd_listen_fds(1);
+    const int socket = SD_LISTEN_FDS_START;
+    if (count != 1 || ::sd_is_socket_unix(socket, SOCK_SEQPACKET, 1, nullptr, 0) <= 0) {
+        problem = "what was handed over is not one listening socket of packets";
+        return std::nullopt;
+    }
+    ::fcntl(socket, F_SETFL, ::fcntl(socket, F_GETFL) | O_NONBLOCK);
+    sockaddr_un address{};
+    socklen_t size = sizeof address - 1; // so that the path ends
+    ::getsockname(socket, reinterpret_cast<sockaddr *>(&address), &size);
+    return Listener(FileDescriptor(socket), address.sun_path);
+}
+
+/// The file is ours to remove.
+void Listener::own() {
     struct stat made {};
     if (::lstat(_path.c_str(), &made) == 0) {
         _device = made.st_dev;

@@ -9,14 +9,19 @@
 namespace barquell::tapd {
 
 const char *const kUsage =
-    "Usage: barquell-tapd [--socket PATH] [--mode OCTAL] [--group NAME]\n"
-    "Holds the touches of a Touch Bar back where a client says so.\n"
+    "Usage: barquell-tapd [--socket PATH] [--mode OCTAL] [--group NAME] [--grants DIR]\n"
+    "       barquell-tapd --grant USER | --withdraw USER [--grants DIR]\n"
+    "Holds the touches of a Touch Bar back where a client of a user with a grant says so.\n"
     "\n"
-    "  --socket PATH  where clients connect (default /run/barquell/tap.sock)\n"
-    "  --mode OCTAL   permissions of the socket: who may write may connect (default 660)\n"
-    "  --group NAME   group of the socket\n"
-    "  --help         print this and exit\n"
-    "  --version      print the version and exit\n";
+    "  --socket PATH    where clients connect (default /run/barquell/tap.sock), unless the socket is handed "
+    "over\n"
+    "  --mode OCTAL     permissions of the socket: who may write may connect (default 660)\n"
+    "  --group NAME     group of the socket\n"
+    "  --grants DIR     where the grants lie (default /var/lib/barquell/grants)\n"
+    "  --grant USER     let the user filter, and exit\n"
+    "  --withdraw USER  let the user filter no more, and exit\n"
+    "  --help           print this and exit\n"
+    "  --version        print the version and exit\n";
 
 namespace {
 
@@ -42,6 +47,14 @@ bool take(int option, std::string_view value, Options &options) {
     case 'g':
         options.socket.group = value;
         return true;
+    case 'd':
+        options.grants = value;
+        return true;
+    case 'y':
+    case 'n':
+        options.task = option == 'y' ? Task::Grant : Task::Withdraw;
+        options.user = value;
+        return true;
     case 'h':
         options.task = Task::Help;
         return true;
@@ -56,10 +69,13 @@ bool take(int option, std::string_view value, Options &options) {
 } // namespace
 
 std::optional<Options> optionsFrom(int argc, char **argv) {
-    static constexpr std::array<option, 6> kOptions{{
+    static constexpr std::array<option, 9> kOptions{{
         {"socket", required_argument, nullptr, 's'},
         {"mode", required_argument, nullptr, 'm'},
         {"group", required_argument, nullptr, 'g'},
+        {"grants", required_argument, nullptr, 'd'},
+        {"grant", required_argument, nullptr, 'y'},
+        {"withdraw", required_argument, nullptr, 'n'},
         {"help", no_argument, nullptr, 'h'},
         {"version", no_argument, nullptr, 'v'},
         {nullptr, 0, nullptr, 0},

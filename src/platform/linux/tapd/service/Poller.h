@@ -8,9 +8,20 @@
 
 namespace barquell::tapd {
 
-/// What a descriptor is; of one wake-up the first ones are served first, so that what the keyboards said goes
-/// before what the bars said.
-enum class Source : std::uint32_t { Signals, Timer, Keyboard, Client, Bar, Listener, Devices };
+/// What a descriptor is; of one wake-up the first ones are served first, so that no key goes to a user who
+/// has just left the front, and what the keyboards said goes before what the bars said.
+enum class Source : std::uint32_t {
+    Signals,
+    Timer,
+    Seat,
+    Keyboard,
+    Grants,
+    Authority,
+    Client,
+    Bar,
+    Listener,
+    Devices
+};
 
 /// A descriptor with something to be done.
 struct Ready {
