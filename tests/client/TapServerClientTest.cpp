@@ -90,9 +90,11 @@ protected:
         EXPECT_EQ(verdict.on, pass ? 1U : 0U);
     }
 
+    ScriptedTrust &trust = place().platform.trust;
     LogCapture log;
     FakeServer server;
-    TapServerClient client{server.path()};
+    GrantClient grant{server.path()};
+    TapServerClient client{server.path(), trust, grant};
     std::unique_ptr<EventTap> tap;
     std::unique_ptr<EventTapSource> source;
 };
@@ -209,10 +211,43 @@ TEST_F(TapServerClientTest, OneTapAtATime) {
     EXPECT_EQ(client.create(kMask, callback), nullptr);
 }
 
-TEST_F(TapServerClientTest, WithoutTheRightToSpeakThereIsNoTap) {
-    QFile::remove(server.path());
+TEST_F(TapServerClientTest, WithoutAGrantThereIsNoTapAndTheGrantIsAskedFor) {
+    trust.trusted = false;
     EXPECT_EQ(client.create(kMask, callback), nullptr);
+    ASSERT_TRUE(server.accept());
+    EXPECT_EQ(server.next().type, ClientMessageType::RequestGrant);
+    EXPECT_EQ(client.create(kMask, callback), nullptr);
+    EXPECT_FALSE(server.isCalled()) << "it is asked for already";
     EXPECT_THAT(log.lines, IsEmpty());
+}
+
+TEST_F(TapServerClientTest, AGrantThatTheServerDoesNotSeeIsSaidAndTriedAgain) {
+    tap = client.create(kMask, callback);
+    ASSERT_TRUE(server.accept());
+    server.next(); // hello
+    server.next(); // create
+    server.send({.type = ServerMessageType::Refused, .reason = Refusal::NotGranted});
+    server.hangUp();
+    EXPECT_TRUE(waitFor([&] {
+        place().loop.runPending();
+        return !log.lines.isEmpty();
+    }));
+    EXPECT_THAT(log.lines, ElementsAre(QStringLiteral(
+                               "The tap server has no grant of this user; touches pass until it has")));
+    EXPECT_TRUE(waitFor([&] {
+        place().loop.advanceBy(5s);
+        return server.isCalled();
+    }));
+}
+
+TEST_F(TapServerClientTest, AServerThatIsNotThereYetIsFound) {
+    server.die();
+    QFile::remove(server.path());
+    tap = client.create(kMask, callback);
+    EXPECT_NE(tap, nullptr);
+    EXPECT_EQ(log.lines.size(), 1);
+    server.listen();
+    ASSERT_TRUE(server.accept()) << "its folder changed";
 }
 
 TEST_F(TapServerClientTest, AServerThatDiesIsSaidOnceAndTheTapIsInstalledAgainWhenItIsBack) {
@@ -299,6 +334,19 @@ TEST_F(TapServerClientTest, AServerOfAnotherVersionIsSaidInOneLine) {
     EXPECT_THAT(log.lines,
                 ElementsAre(QStringLiteral("The tap server speaks version 9 and not %1; touches pass")
                                 .arg(protocol::kVersion)));
+}
+
+TEST_F(TapServerClientTest, WhatAServerSaidBeforeItWentIsHeardAlsoWhereItTakesNothingMore) {
+    install();
+    server.send({.type = ServerMessageType::Refused, .reason = Refusal::NotGranted});
+    server.hangUp();
+    tap->setEnabled(false); // finds out
+    EXPECT_TRUE(waitFor([&] {
+        place().loop.runPending();
+        return !log.lines.isEmpty();
+    }));
+    EXPECT_THAT(log.lines, ElementsAre(QStringLiteral(
+                               "The tap server has no grant of this user; touches pass until it has")));
 }
 
 TEST_F(TapServerClientTest, AServerThatSpeaksNonsenseIsLeft) {

@@ -147,6 +147,7 @@ class Desktop:
             path = self.directory / folder
             path.mkdir(mode=0o700, parents=True, exist_ok=True)
             keep[name] = str(path)
+        keep["BARQUELL_GRANTS"] = str(self.directory / "grants")  # there are none, whoever has one on this machine
         return keep | {"LANG": "C.UTF-8", "QT_QPA_PLATFORM": "xcb", "XDG_SESSION_TYPE": "x11"}
 
     def _start_x_server(self) -> None:

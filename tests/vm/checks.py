@@ -6,6 +6,7 @@ import time
 import traceback
 
 import clients_checks
+import grant_checks
 import hard_checks
 import hid_checks
 import keyboard_checks
@@ -49,7 +50,8 @@ def run(name: str, check) -> bool:
 def main() -> int:
     checks = {}
     devices = (touch_checks, odd_bar_checks, hid_checks, keyboard_checks)
-    for module in (*devices, clients_checks, server_checks, program_checks, hard_checks, one_command_checks):
+    clients = (clients_checks, grant_checks, server_checks)
+    for module in (*devices, *clients, program_checks, hard_checks, one_command_checks):
         checks.update({name: getattr(module, name) for name in module.ALL})
     wanted = sys.argv[1:] or list(checks)
     # The host may be busy with something else just then: what failed is tried once more, and both are told.

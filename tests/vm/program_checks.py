@@ -8,7 +8,7 @@ from program import FN, Program, blocked, hold, let_go, mark, passes, settle, st
 from reader import EV_ABS, ID, X, Libinput, clones, held, until
 from recorders import Recorder, emulated_events, frames_of, play, yaml_events
 from touch_checks import MARK, require, tap
-from world import SOCKET, Server, World
+from world import NOBODY, SOCKET, Server, World, grant, withdraw
 
 EV_SYN = 0
 RIGHT_COMMAND, LEFT_COMMAND = "RIGHTMETA", "LEFTMETA"
@@ -62,12 +62,12 @@ def switched_off_everything_flows(world: World) -> None:
 def without_trust_everything_flows(world: World) -> None:
     bar, _, program, _ = with_bar(world)
     real = world.reader(world.nodes["bar"])
-    os.chmod(SOCKET, 0o600)
+    withdraw(NOBODY)
     program.expect("Got com.apple.accessibility.api")
     until("the clone has gone", lambda: not clones())
     passes(bar, real, 500)
     require(program.status()["trusted"] is False, "status calls it trusted")
-    os.chmod(SOCKET, 0o666)
+    grant(NOBODY)
     program.holds(1)
 
 

@@ -50,8 +50,20 @@ class Lines:
         self.process.wait()
 
 
+def grant(user: int) -> None:
+    subprocess.run(["/out/barquell-tapd", "--grant", str(user)], check=True)
+
+
+def withdraw(user: int) -> None:
+    subprocess.run(["/out/barquell-tapd", "--withdraw", str(user)], check=True)
+
+
 class Server(Lines):
+    """The server, where those whom the checks run as have a grant: an ordinary user, and root."""
+
     def __init__(self):
+        grant(NOBODY)
+        grant(0)
         super().__init__(["/out/barquell-tapd", "--mode", "666"])
         self.expect(f"listening at {SOCKET}")
 
@@ -70,10 +82,10 @@ class Server(Lines):
 
 
 class Client(Lines):
-    """The test client, as an ordinary user."""
+    """The test client, as an ordinary user unless told."""
 
-    def __init__(self):
-        super().__init__(["/out/tapclient", SOCKET], user=NOBODY, group=NOBODY)
+    def __init__(self, user: int = NOBODY):
+        super().__init__(["/out/tapclient", SOCKET], user=user, group=user)
         self._words = 0
 
     def hello(self) -> None:
@@ -117,15 +129,15 @@ class World:
         self.session.add(name, model)
         return self.session.devices[name]
 
-    def client(self) -> Client:
-        client = Client()
+    def client(self, user: int = NOBODY) -> Client:
+        client = Client(user)
         self._closing.append(client.kill)
         client.hello()
         return client
 
-    def tapping(self, mode: str, bars: int = 1) -> Client:
+    def tapping(self, mode: str, bars: int = 1, user: int = NOBODY) -> Client:
         """A client with an enabled tap, and the bars held for it."""
-        client = self.client()
+        client = self.client(user)
         client.say("create", mode, "on")
         client.expect("created")
         if bars:
@@ -140,6 +152,9 @@ class World:
         reader = Reader(node)
         self._closing.append(reader.close)
         return reader
+
+    def closing_by(self, close) -> None:
+        self._closing.append(close)
 
     def closing(self, thing):
         self._closing.append(thing.close)

@@ -21,8 +21,10 @@ Check checkServer(const Findings &findings) {
     case ProbeFailure::Forbidden:
         return {QStringLiteral("this user may speak to the tap server"), false,
                 QStringLiteral("start it for a group of this user: ") + start};
-    case ProbeFailure::Silent:
     case ProbeFailure::NotGranted:
+        return {QStringLiteral("this user may filter the Touch Bar"), false,
+                QStringLiteral("sudo barquell-tapd --grant $(id -un)")};
+    case ProbeFailure::Silent:
     case ProbeFailure::Refused:
         break;
     }

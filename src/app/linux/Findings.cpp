@@ -7,6 +7,8 @@
 #include "platform/Platform.h"
 #include "platform/linux/session/RunningCopy.h"
 
+#include <unistd.h>
+
 namespace barquell {
 
 using namespace std::chrono_literals;
@@ -32,8 +34,7 @@ bool Findings::isTrusted() const {
     if (reported.isValid()) {
         return reported.toBool();
     }
-    const auto *why = std::get_if<ProbeFailure>(&server);
-    return !why || *why == ProbeFailure::Silent || *why == ProbeFailure::Refused;
+    return grant.state == grant::State::Held;
 }
 
 QString Findings::serverState() const {
@@ -65,6 +66,7 @@ Findings lookAround() {
         findings.processId = RunningCopy::processId(); // a session without a bus
     }
     readSettings(findings);
+    findings.grant = thisMachinesGrants().read(::getuid());
     findings.server = probeServer(tapServerSocket(), 1s);
     return findings;
 }

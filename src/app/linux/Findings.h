@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/linux/TapHolder.h"
+#include "platform/linux/client/GrantTrust.h"
 #include "platform/linux/client/ServerProbe.h"
 #include "platform/linux/session/RunningProgram.h"
 
@@ -18,6 +19,7 @@ struct Findings {
     QVariantMap report;         ///< see statusReport(); empty where `asked` is not Done
     bool enabled = false;       ///< the settings want blocking
     bool launchAtStart = false; ///< the settings want the program to start at login
+    grant::Reading grant;       ///< this user's
     std::variant<protocol::ServerMessage, ProbeFailure> server;
 
     const protocol::ServerMessage *welcome() const { return std::get_if<protocol::ServerMessage>(&server); }

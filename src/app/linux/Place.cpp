@@ -8,7 +8,7 @@
 #include "platform/linux/FileSettingsStore.h"
 #include "platform/linux/LinuxDiagnostics.h"
 #include "platform/linux/Memory.h"
-#include "platform/linux/client/SocketTrust.h"
+#include "platform/linux/client/GrantTrust.h"
 #include "platform/linux/client/TapServerClient.h"
 #include "platform/linux/desktop/AutostartLoginItem.h"
 #include "platform/linux/desktop/LinuxApplications.h"
@@ -51,8 +51,9 @@ void showAuthorization() {
 struct Session {
     SessionBus bus;
     BusNotifications notifications{bus};
-    SocketTrust trust{tapServerSocket(), notifications};
-    TapServerClient tapServer{tapServerSocket()};
+    GrantTrust trust{thisMachinesGrants(), notifications};
+    GrantClient grant{tapServerSocket()};
+    TapServerClient tapServer{tapServerSocket(), trust, grant};
     RunningCopies copies{bus};
     LinuxDiagnostics diagnostics;
     DesktopEntries entries;

@@ -47,8 +47,17 @@ void TapConnection::lose() {
         return;
     }
     _notifier.setEnabled(false);
-    // Later, since whoever is sending still stands in the middle of something.
-    RunLoop::main().performAsync([alive = std::weak_ptr<char>(_alive), onLoss = _onLoss] {
+    // Later, since whoever is sending still stands in the middle of something. What the server said before it
+    // went is heard first.
+    RunLoop::main().performAsync([this, alive = std::weak_ptr<char>(_alive), onLoss = _onLoss] {
+        bool ended = false;
+        while (!alive.expired() && !ended) {
+            const auto message = receiveFromServer(_socket, ended);
+            if (message) {
+                _onMessage(*message);
+            }
+            ended = ended || !message;
+        }
         if (!alive.expired()) {
             onLoss();
         }

@@ -6,8 +6,6 @@
 
 #include <QFileInfo>
 
-#include <unistd.h>
-
 #include <algorithm>
 
 namespace barquell {
@@ -100,8 +98,9 @@ std::unique_ptr<EventTapSource> TapServerClient::Tap::createRunLoopSource() {
     return std::make_unique<Source>(*this);
 }
 
-TapServerClient::TapServerClient(QString socketPath)
-    : _socketPath(std::move(socketPath)), _pause(kFirstPause), _alive(std::make_shared<char>()) {
+TapServerClient::TapServerClient(QString socketPath, const AccessibilityTrust &trust, GrantClient &grant)
+    : _socketPath(std::move(socketPath)), _trust(trust), _grant(grant), _pause(kFirstPause),
+      _alive(std::make_shared<char>()) {
     QObject::connect(&_watcher, &QFileSystemWatcher::directoryChanged, &_watcher, [this] {
         _hopeless = false;
         if (_tap && !_connection) {
@@ -113,7 +112,11 @@ TapServerClient::TapServerClient(QString socketPath)
 TapServerClient::~TapServerClient() = default;
 
 std::unique_ptr<EventTap> TapServerClient::create(EventMask mask, EventTapCallback callback) {
-    if (_tap || ::access(_socketPath.toLocal8Bit().constData(), W_OK) != 0) {
+    if (!_trust.isProcessTrusted()) {
+        _grant.request();
+        return nullptr;
+    }
+    if (_tap) {
         return nullptr;
     }
     auto tap = std::make_unique<Tap>(*this, mask, callback);

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "platform/AccessibilityTrust.h"
 #include "platform/EventTap.h"
 #include "platform/ModifierState.h"
+#include "platform/linux/client/GrantClient.h"
 #include "platform/linux/client/TapConnection.h"
 
 #include <QFileSystemWatcher>
@@ -15,11 +17,12 @@ namespace barquell {
 /// at a time. Main thread only.
 class TapServerClient final : public EventTaps, public ModifierState {
 public:
-    explicit TapServerClient(QString socketPath);
+    /// Both must outlive this.
+    TapServerClient(QString socketPath, const AccessibilityTrust &trust, GrantClient &grant);
     ~TapServerClient() override;
     Q_DISABLE_COPY_MOVE(TapServerClient)
 
-    /// Refused where we may not speak to the server, and while there is a tap already.
+    /// Refused while there is a tap already, and to whom is not trusted: then the grant is asked for.
     std::unique_ptr<EventTap> create(EventMask mask, EventTapCallback callback) override;
 
     /// Other devices' events do not come this way.
@@ -48,6 +51,8 @@ private:
     void send(const protocol::ClientMessage &message);
 
     const QString _socketPath;
+    const AccessibilityTrust &_trust;
+    GrantClient &_grant;
     std::unique_ptr<TapConnection> _connection;
     Tap *_tap = nullptr; // takes itself out
     Remote _remote = Remote::None;
