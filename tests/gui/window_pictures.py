@@ -1,6 +1,7 @@
-"""Pictures of the program's windows and of its menu, light and dark, side by side."""
+"""Pictures of the program's windows and of its menu, light, dark and in high contrast, side by side."""
 
 import pathlib
+import re
 
 from bar import Bar
 from desktop import on_screen, wait_until
@@ -32,11 +33,27 @@ ForegroundNormal=252,252,252
 """
 
 
-def dark(desktop) -> dict:
-    """The variables of a desktop whose settings ask for dark colours."""
+BLACK = "Background(Normal|Alternate)=.*", r"Background\1=0,0,0"
+WHITE = "Foreground(Normal|Inactive)=.*", r"Foreground\1=255,255,255"
+CHOSEN = "(Selection]\n)BackgroundNormal=0,0,0\nForegroundNormal=255,255,255", r"\1BackgroundNormal=0,255,255\nForegroundNormal=0,0,0"
+
+
+def colored(desktop, colors: str) -> dict:
+    """The variables of a desktop whose settings ask for those colours."""
     folder = pathlib.Path(desktop.environment["XDG_CONFIG_HOME"])
-    (folder / "kdeglobals").write_text(DARK_COLORS, encoding="utf-8")
+    (folder / "kdeglobals").write_text(colors, encoding="utf-8")
     return KDE
+
+
+def dark(desktop) -> dict:
+    return colored(desktop, DARK_COLORS)
+
+
+def high_contrast(desktop) -> dict:
+    colors = DARK_COLORS
+    for pattern, replacement in (BLACK, WHITE, CHOSEN):
+        colors = re.sub(pattern, replacement, colors)
+    return colored(desktop, colors)
 
 
 def settled(desktop, window, name):
@@ -78,6 +95,11 @@ def picture_preferences_light(desktop, file):
 @on_screen("1280x1024")
 def picture_preferences_dark(desktop, file):
     tabs(desktop, file, dark(desktop))
+
+
+@on_screen("1280x1024")
+def picture_preferences_high_contrast(desktop, file):
+    tabs(desktop, file, high_contrast(desktop))
 
 
 def authorization(desktop, file, variables) -> None:
