@@ -73,7 +73,8 @@ public:
 
 public Q_SLOTS:
     QDBusObjectPath GetSession(const QString &id) { // NOLINT: the protocol's name
-        return id == QStringLiteral("c1") ? QDBusObjectPath(kPath) : QDBusObjectPath(QStringLiteral("/none"));
+        const bool known = id == QStringLiteral("c1") || id == QStringLiteral("auto");
+        return QDBusObjectPath(known ? kPath : QStringLiteral("/none"));
     }
 
 private:
@@ -215,6 +216,14 @@ TEST_F(ScreenShieldTest, TheLoginManagersLockIsHeard) {
 TEST_F(ScreenShieldTest, ASessionThatIsLockedAlreadyIsPosted) {
     LoginManager login(bus, true);
     watch();
+    EXPECT_TRUE(hasEdges({kRaised}));
+}
+
+TEST_F(ScreenShieldTest, WithoutASessionOfItsOwnTheUsersIsAskedFor) {
+    qunsetenv("XDG_SESSION_ID");
+    LoginManager login(bus);
+    watch();
+    login.lock(true);
     EXPECT_TRUE(hasEdges({kRaised}));
 }
 

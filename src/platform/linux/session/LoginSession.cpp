@@ -32,13 +32,10 @@ LoginSession::LoginSession(MessageBus &bus, Handler onLocked) : _bus(bus), _onLo
 
 void LoginSession::findSession() {
     const auto found = [this](const QVariant &path) { follow(path.value<QDBusObjectPath>().path()); };
+    // What the bus or the user's manager starts is in no session; "auto" is the user's with the display then.
     const QString id = qEnvironmentVariable("XDG_SESSION_ID");
-    if (id.isEmpty()) {
-        constexpr uint kCaller = 0;
-        ask(kManagerPath, kManager, QStringLiteral("GetSessionByPID"), {kCaller}, found);
-    } else {
-        ask(kManagerPath, kManager, QStringLiteral("GetSession"), {id}, found);
-    }
+    ask(kManagerPath, kManager, QStringLiteral("GetSession"), {id.isEmpty() ? QStringLiteral("auto") : id},
+        found);
 }
 
 void LoginSession::follow(const QString &path) {
