@@ -52,7 +52,7 @@ public:
     virtual AppLifecycleDelegate *delegate() const = 0;
 
     /// To be set before run(); a place that no script reaches forgets them. macOS: NSScriptCommand.
-    virtual void setScriptCommands(ScriptCommands /*commands*/) {}
+    virtual void setScriptCommands(const ScriptCommands & /*commands*/) {}
 
     /// Runs the application until it terminates, and gives its exit status. macOS: NSApplicationMain.
     virtual int run() = 0;

@@ -17,7 +17,7 @@ public:
 
     void setDelegate(AppLifecycleDelegate *delegate) override;
     AppLifecycleDelegate *delegate() const override;
-    void setScriptCommands(ScriptCommands commands) override;
+    void setScriptCommands(const ScriptCommands &commands) override;
     int run() override;
     void terminate() override;
     ActivationPolicy activationPolicy() const override;

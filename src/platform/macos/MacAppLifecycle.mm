@@ -56,8 +56,8 @@ AppLifecycleDelegate *MacAppLifecycle::delegate() const {
     return _delegate;
 }
 
-void MacAppLifecycle::setScriptCommands(ScriptCommands commands) {
-    setMacScriptCommands(std::move(commands));
+void MacAppLifecycle::setScriptCommands(const ScriptCommands &commands) {
+    setMacScriptCommands(commands);
 }
 
 int MacAppLifecycle::run() {

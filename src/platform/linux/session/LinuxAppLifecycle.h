@@ -19,7 +19,7 @@ public:
 
     void setDelegate(AppLifecycleDelegate *delegate) override { _delegate = delegate; }
     AppLifecycleDelegate *delegate() const override { return _delegate; }
-    void setScriptCommands(ScriptCommands commands) override { _object.commands = std::move(commands); }
+    void setScriptCommands(const ScriptCommands &commands) override { _object.commands = commands; }
     int run() override;
     void terminate() override;
     ActivationPolicy activationPolicy() const override { return _policy; }
