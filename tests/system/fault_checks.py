@@ -1,0 +1,105 @@
+"""Server and program killed at random moments, over and over. Afterwards nothing is stuck: libinput sees no finger down,
+touches pass while either is away, and when both are back they are held back again."""
+
+import os
+import random
+import signal
+import threading
+import time
+
+from machine import Machine, Program, passes, require_blocked, require_nothing_held
+from reader import clones, until
+from seats import Seat
+from touch_checks import require
+
+ROUNDS = int(os.environ.get("BARQUELL_KILLS", "200"))
+FN = "FN"
+
+
+class Fingers(threading.Thread):
+    """Two fingers that come, slide and go without end, now and then under Fn, until they are told to rest."""
+
+    def __init__(self, bar, keyboard, seed: int):
+        super().__init__(daemon=True)
+        self._bar, self._keyboard = bar, keyboard
+        self._random = random.Random(seed)
+        self._rest = threading.Event()
+        self.start()
+
+    def run(self) -> None:
+        while not self._rest.is_set():
+            under_fn = self._random.random() < 0.5
+            if under_fn:
+                self._keyboard.press([FN])
+            slots = [0] if self._random.random() < 0.5 else [0, 1]
+            self._bar.down([(slot, self._random.randrange(30000), 60) for slot in slots])
+            self._bar.move(self._random.randrange(10, 60), [(slot, self._random.randrange(30000), 50) for slot in slots])
+            self._bar.up(slots)
+            if under_fn:
+                self._keyboard.release([FN])
+
+    def rest(self) -> None:
+        self._rest.set()
+        self.join()
+
+
+class Run:
+    def __init__(self, machine: Machine):
+        self.machine = machine
+        self.program, _ = machine.blocking(machine.anna)
+        self.seats = [machine.closing(Seat("seat-touchbar")), machine.closing(Seat("seat0"))]
+        self.counts = {"the server": 0, "the program": 0, "both": 0}
+        until("libinput has the bar", lambda: self.seats[1].has(machine.nodes["bar"]))
+
+    def round(self, number: int) -> None:
+        devices = self.machine.session.devices
+        fingers = Fingers(devices["bar"], devices["keyboard"], number)
+        chance = random.Random(number * 7919)
+        victim = chance.choice(list(self.counts))
+        time.sleep(chance.uniform(0.02, 0.25))  # the moment is the point
+        self.kill(victim)
+        self.counts[victim] += 1
+        time.sleep(chance.uniform(0, 0.1))
+        fingers.rest()
+        if victim != "the server":
+            self.touches_pass_without_the_program(number)
+            self.program = self.machine.program(self.machine.anna)
+        self.recovered()
+
+    def kill(self, victim: str) -> None:
+        if victim != "the program":
+            os.kill(self.machine.server.process.pid, signal.SIGKILL)
+        if victim != "the server":
+            self.program.signal(signal.SIGKILL)
+            self.program.wait()
+
+    def touches_pass_without_the_program(self, number: int) -> None:
+        until("the clone has gone", lambda: not clones())
+        reader = self.machine.reader(self.machine.nodes["bar"])
+        passes(self.machine.session.devices["bar"], reader, 1000 + number)
+
+    def recovered(self) -> None:
+        until("the bar is held again", lambda: len(clones()) == 1)
+        self.program.blocks()
+        until("libinput has the clone", lambda: self.seats[0].has(self.machine.clone()))
+        require_blocked(self.machine, self.program, self.machine.reader(self.machine.clone()))
+        require_nothing_held(self.machine)
+        for seat in self.seats:
+            until("libinput sees no finger", lambda seat=seat: not seat.read().fingers)
+
+
+def nothing_is_stuck_after_any_death(machine: Machine) -> str:
+    run = Run(machine)
+    for number in range(1, ROUNDS + 1):
+        try:
+            run.round(number)
+        except Exception as problem:
+            raise type(problem)(f"round {number}: {problem}") from problem
+    require(sum(run.counts.values()) == ROUNDS, str(run.counts))
+    touches = sum(seat.touches for seat in run.seats)
+    require(touches > ROUNDS, f"libinput saw only {touches} touches")
+    kills = ", ".join(f"{victim} {count}" for victim, count in run.counts.items())
+    return f"{ROUNDS} kills ({kills}), {touches} touches seen by libinput, none stuck"
+
+
+ALL = ["nothing_is_stuck_after_any_death"]

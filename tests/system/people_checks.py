@@ -1,0 +1,85 @@
+"""Two people at one machine, and devices that come and go."""
+
+from machine import Machine, install, mark, passes, require_blocked, require_nothing_held
+from reader import EV_ABS, ID, X, clones, held, until
+from touch_checks import require, tap
+
+
+def tap_goes_to_whoever_is_in_front_and_back(machine: Machine) -> None:
+    """Anna holds touches back, Bert's program lets them pass."""
+    anna, reader = machine.blocking(machine.anna)
+    machine.grant(machine.bert)
+    machine.bert.output("barquell", "defaults", "write", "Enabled", "-bool", "false")
+    bert = machine.program(machine.bert)
+    bert.expect("Blocking is suspended")
+    bar = machine.session.devices["bar"]
+    require_blocked(machine, anna, reader)
+    for x in (600, 650):
+        machine.bert.come_to_the_front()
+        until("bert's program decides", lambda: passed(machine, x))
+        machine.anna.come_to_the_front()
+        until("anna's program decides", lambda: not passed(machine, x + 10))
+        require_blocked(machine, anna, machine.reader(machine.clone()))
+    require(anna.poll() is None and bert.poll() is None, "a program has ended")
+    require("disabled" not in anna.read().lower(), "anna's tap was disabled")
+    tap(bar, 1)
+    require_nothing_held(machine)
+
+
+def passed(machine: Machine, x: int) -> bool:
+    """Whether a touch comes out, on the clone or where there is none on the bar itself."""
+    node = (clones() or [machine.nodes["bar"]])[0]
+    reader = machine.reader(node)
+    tap(machine.session.devices["bar"], x)
+    return reader.wait_readable(0.5) and x in reader.values(EV_ABS, X)
+
+
+def somebody_without_grant_in_front_has_touches(machine: Machine) -> None:
+    anna, reader = machine.blocking(machine.anna)
+    require_blocked(machine, anna, reader)
+    machine.bert.come_to_the_front()
+    until("touches pass", lambda: passed(machine, 600))
+    machine.anna.come_to_the_front()
+    until("anna's program decides", lambda: not passed(machine, 610))
+    require_blocked(machine, anna, machine.reader(machine.clone()))
+
+
+def switch_in_mid_touch_leaves_no_finger(machine: Machine) -> None:
+    machine.blocking(machine.anna)
+    bar = machine.session.devices["bar"]
+    bar.down([(0, 500, 60)])
+    machine.bert.come_to_the_front()
+    bar.move(50, [(0, 900, 60)])
+    machine.anna.come_to_the_front()
+    bar.up([0])
+    until("no finger is down", lambda: all(set(held(node)) == {-1} for node in [machine.nodes["bar"], *clones()]))
+
+
+def bar_is_unplugged_and_comes_back(machine: Machine) -> None:
+    program, reader = machine.blocking(machine.anna)
+    require_blocked(machine, program, reader)
+    for _ in range(3):
+        machine.session.devices["bar"].down([(0, 500, 60)])
+        machine.session.remove("bar")
+        until("the clone has gone", lambda: not clones())
+        machine.plug("bar", "m1-bar")
+        require_blocked(machine, program, machine.reader(machine.clone()))
+
+
+def upgrade_keeps_grant_and_program(machine: Machine) -> None:
+    program, reader = machine.blocking(machine.anna)
+    before = machine.server.process.pid
+    install()
+    require(machine.granted(machine.anna), "the grant has gone")
+    until("the program has found the new server", lambda: program.read().count("has installed the tap") >= 2)
+    require(machine.server.process.pid not in (0, before), "it is the old server")
+    require_blocked(machine, program, machine.reader(machine.clone()))
+
+
+ALL = [
+    "tap_goes_to_whoever_is_in_front_and_back",
+    "somebody_without_grant_in_front_has_touches",
+    "switch_in_mid_touch_leaves_no_finger",
+    "bar_is_unplugged_and_comes_back",
+    "upgrade_keeps_grant_and_program",
+]
