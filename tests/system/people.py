@@ -168,7 +168,10 @@ class Agent:
         self._prompt = person.start(
             "pkttyagent", "--process", str(process), "--notify-fd", "3", terminal=True, LANG="C.UTF-8"
         )
-        self._prompt.noticed()
+        try:
+            self._prompt.noticed()
+        except Failure:
+            raise Failure(f"no prompt for process {process}: {self.said()}, {self._prompt.poll()}") from None
 
     def answer(self, word: str, count: int = 1) -> None:
         """At the prompt that has come for the given time."""

@@ -6,7 +6,9 @@
 #include <array>
 #include <fcntl.h>
 #include <filesystem>
+#include <poll.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/un.h>
 
 namespace barquell::test {
@@ -127,6 +129,23 @@ TEST(SystemLog, BothHearALineThatStaysOne) {
     const std::string packet = readFrom(system.descriptor());
     EXPECT_THAT(packet, StartsWith("<29>barquell-tapd["));
     EXPECT_THAT(packet, EndsWith("]: a?bar"));
+}
+
+TEST(SystemLog, ErrorOutputThatLeadsThereIsLeftOut) {
+    const Pipe pipe;
+    const SystemSocket system;
+    struct stat stream {};
+    ASSERT_EQ(::fstat(pipe.in.get(), &stream), 0);
+    const std::string name = std::to_string(stream.st_dev) + ':' + std::to_string(stream.st_ino);
+    for (const bool isTheStream : {true, false}) {
+        ::setenv("JOURNAL_STREAM", (isTheStream ? name : name + '0').c_str(), 1);
+        SystemLog log(pipe.in.get(), system.path());
+        ::unsetenv("JOURNAL_STREAM");
+        log.line("a line");
+        EXPECT_THAT(readFrom(system.descriptor()), EndsWith("a line"));
+        pollfd written{pipe.out.get(), POLLIN, 0};
+        EXPECT_EQ(::poll(&written, 1, 0), isTheStream ? 0 : 1);
+    }
 }
 
 TEST(SystemLog, ItNeverWaitsForThemToRead) {

@@ -3,15 +3,30 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <cstdlib>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/un.h>
 #include <syslog.h>
 #include <unistd.h>
 
 namespace barquell::tapd {
 
+namespace {
+
+/// Whether what is written there goes to the system log anyway: the service manager names the stream that it
+/// has made. Others may have inherited the name, so it is compared.
+bool isSystemLog(int error) {
+    const char *name = std::getenv("JOURNAL_STREAM"); // before any other thread could exist
+    struct stat stream {};
+    return name && ::fstat(error, &stream) == 0 &&
+           name == std::to_string(stream.st_dev) + ':' + std::to_string(stream.st_ino);
+}
+
+} // namespace
+
 SystemLog::SystemLog(int error, std::string systemSocket)
-    : _error(error), _system(::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0)),
+    : _error(isSystemLog(error) ? -1 : error), _system(::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0)),
       _systemSocket(std::move(systemSocket)) {}
 
 void SystemLog::line(std::string_view text) {

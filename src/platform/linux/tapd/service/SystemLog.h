@@ -6,7 +6,7 @@
 
 namespace barquell::tapd {
 
-/// Standard error and the system log. A line that either cannot take at once is lost to it: who waits for a
+/// The system log and, where that does not lead there as well, standard error. A line that either cannot take at once is lost to it: who waits for a
 /// log does not serve the bar that it holds. One thread.
 class SystemLog final : public Log {
 public:
