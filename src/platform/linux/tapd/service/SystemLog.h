@@ -6,8 +6,8 @@
 
 namespace barquell::tapd {
 
-/// The system log and, where that does not lead there as well, standard error. A line that either cannot take at once is lost to it: who waits for a
-/// log does not serve the bar that it holds. One thread.
+/// The system log and, where that does not lead there as well, standard error. A line that either cannot take
+/// at once is lost to it: who waits for a log does not serve the bar that it holds. One thread.
 class SystemLog final : public Log {
 public:
     explicit SystemLog(int error = STDERR_FILENO, std::string systemSocket = "/dev/log");
