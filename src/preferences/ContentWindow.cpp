@@ -36,8 +36,9 @@ ContentWindow::ContentWindow(QWidget *parent) : QMainWindow(parent) {
 void ContentWindow::awakeFromNib() {
     setResizable(_resizable); // now that it has the size of its file
     const QRect room = freeRoom(*screen());
-    const int rest = room.height() - titleHeight(*this) - height();
-    move(room.x() + (room.width() - width()) / 2, room.y() + std::max(0, qRound(rest * kShareAbove)));
+    const int title = titleHeight(*this); // which comes above this place when the window is shown
+    const int rest = room.height() - title - height();
+    move(room.x() + (room.width() - width()) / 2, room.y() + title + std::max(0, qRound(rest * kShareAbove)));
 }
 
 ContainerView *ContentWindow::contentView() const {
@@ -49,15 +50,15 @@ int ContentWindow::toolbarHeight() const {
     return toolbar ? toolbar->sizeHint().height() : 0;
 }
 
-/// What the window manager draws above and below the window.
+/// What the window manager draws above and below the window. The widget would go on with what it was told
+/// first.
 QMarginsF ContentWindow::margins() const {
-    const QRect outer = frameGeometry();
-    return QMarginsF(0, geometry().top() - outer.top(), 0, outer.bottom() - geometry().bottom());
+    const QMargins drawn = windowHandle() ? windowHandle()->frameMargins() : QMargins();
+    return QMarginsF(0, drawn.top(), 0, drawn.bottom());
 }
 
 QRectF ContentWindow::frame() const {
-    const QRect outer = frameGeometry();
-    return turnedOver(QRectF(geometry().left(), outer.top(), width(), outer.height()));
+    return turnedOver(QRectF(geometry()).marginsAdded(margins()));
 }
 
 QRectF ContentWindow::frameRectForContentRect(const QRectF &content) const {
@@ -67,8 +68,8 @@ QRectF ContentWindow::frameRectForContentRect(const QRectF &content) const {
 
 /// With its title it fills the screen.
 QSize ContentWindow::largestSize() const {
-    const int around = std::max(titleHeight(*this), frameGeometry().height() - height());
-    return screen()->availableSize() - QSize(0, around);
+    const double around = std::max<double>(titleHeight(*this), margins().top() + margins().bottom());
+    return screen()->availableSize() - QSize(0, qRound(around));
 }
 
 /// Higher up where it would grow over the lower edge of the room for windows and there is room above.
@@ -76,7 +77,7 @@ QRectF ContentWindow::keptOnScreen(const QRectF &target) const {
     const QRectF wanted = turnedOver(target);
     const QRectF room = freeRoom(*screen());
     const int titleToCome = isVisible() ? 0 : titleHeight(*this); // no part of the frame until it is shown
-    const double excess = std::min(wanted.bottom() + titleToCome - room.bottom(), wanted.top() - room.top());
+    const double excess = std::min(wanted.bottom() - room.bottom(), wanted.top() - titleToCome - room.top());
     const bool grows = wanted.height() > frame().height();
     return grows && excess > 0 ? turnedOver(wanted.translated(0, -excess)) : target;
 }

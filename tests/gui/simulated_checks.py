@@ -6,7 +6,7 @@ import signal
 
 from bar import BRIGHTNESS, Bar
 from desktop import Failure, expect_equal, on_screen, wait_until
-from preferences import TITLE, Preferences
+from preferences import TABS, TITLE, Preferences
 from program_checks import Barquell, two_applications
 from widgets import Widgets
 
@@ -184,13 +184,13 @@ def check_simulated_bar_leaves_nothing_behind_when_it_is_killed(desktop):
 
 
 def rows(desktop, title: str) -> tuple:
-    """The first row of the screen that a window with its title takes, and the first below it."""
+    """The first row of the screen that a window with its title takes, and the first below its content."""
     window = desktop.window(title)
     told = desktop.output("xwininfo", "-id", window)
     top, height = (int(re.search(rf"{what}: +(-?\d+)", told)[1]) for what in ("Absolute upper-left Y", "Height"))
     extents = desktop.output("xprop", "-id", window, "_NET_FRAME_EXTENTS").split("=")[1]
-    _, _, above, below = (int(word) for word in extents.split(","))
-    return top - above, top + height + below
+    above = int(extents.split(",")[2])
+    return top - above, top + height
 
 
 def stays_clear(desktop) -> str:
@@ -201,6 +201,11 @@ def stays_clear(desktop) -> str:
     for name in ("General", "Touch Bar", "Shortcuts", "Touch Bar"):
         preferences.open_tab(name)
         seen[name] = rows(desktop, TITLE)
+    desktop.key("alt+F4")
+    preferences.widgets.gone("frame", TITLE)
+    preferences.barquell.command("show")
+    preferences.has(TABS["Touch Bar"])
+    seen["Touch Bar from the start"] = rows(desktop, TITLE)
     preferences.open_apps()
     seen["Apps"] = rows(desktop, TITLE)
     preferences.open_expert()
@@ -228,3 +233,23 @@ def check_simulated_bar_and_windows_keep_clear_of_each_other_on_768_rows(desktop
 @on_screen("1280x800")
 def check_simulated_bar_and_windows_keep_clear_of_each_other_on_800_rows(desktop):
     return stays_clear(desktop)
+
+
+@on_screen("1024x600")
+def check_simulated_bar_and_windows_stay_on_a_small_screen(desktop):
+    preferences = Preferences(desktop)
+    preferences.open_tab("Touch Bar")
+    shown = [rows(desktop, TITLE)]
+    desktop.key("alt+F4")
+    preferences.widgets.gone("frame", TITLE)
+    preferences.barquell.command("show")
+    preferences.has(TABS["Touch Bar"])
+    shown.append(rows(desktop, TITLE))
+    for top, end in shown:
+        if top < 0 or end > 600:
+            raise Failure(f"the window takes the rows {top} to {end} of 600")
+    preferences.open_tab("General")  # which has no other Fn
+    place = Widgets(desktop, "barquell").find(*FN)["place"]
+    if place[0] < 0:
+        raise Failure(f"the Fn button begins at {place[0]}")
+    return f"the window takes the rows {shown}, the Fn button begins at {place[0]}"

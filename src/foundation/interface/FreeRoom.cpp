@@ -4,6 +4,7 @@
 #include <QScreen>
 #include <QStyle>
 #include <QWidget>
+#include <QWindow>
 
 namespace barquell {
 
@@ -32,8 +33,8 @@ QRect freeRoom(const QScreen &screen) {
 }
 
 int titleHeight(const QWidget &window) {
-    const int known = window.geometry().top() - window.frameGeometry().top();
-    return known > 0 || !window.isWindow() ? known : window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const int known = window.windowHandle() ? window.windowHandle()->frameMargins().top() : 0;
+    return known > 0 ? known : window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
 }
 
 } // namespace barquell

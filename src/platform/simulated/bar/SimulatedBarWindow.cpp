@@ -43,7 +43,8 @@ SimulatedBarWindow::SimulatedBarWindow(const BarControls &controls)
     showCounts(0, 0);
     adjustSize();
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    move(screen.center().x() - width() / 2, screen.bottom() + 1 - height() - titleHeight(*this));
+    move(std::max(screen.left(), screen.center().x() - width() / 2),
+         screen.bottom() + 1 - height() - titleHeight(*this));
     keepClear(*this);
 }
 
