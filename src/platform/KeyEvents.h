@@ -37,6 +37,10 @@ public:
     /// Nothing for releases of ordinary keys, which mean nothing here. macOS: the NSEvent behind Qt's.
     virtual std::optional<KeyEvent> keyEvent(const QKeyEvent &event, KeyMeanings meanings) const = 0;
 
+    /// Whether the toolkit's Control is the key Command here and its Meta the key Control, so that the
+    /// shortcuts of our windows are those of the desktop. macOS: true, by Qt.
+    virtual bool exchangesControlAndCommand() const { return false; }
+
     /// macOS: NSBeep.
     virtual void beep() = 0;
 

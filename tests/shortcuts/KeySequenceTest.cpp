@@ -1,5 +1,7 @@
 #include "shortcuts/controls/KeySequence.h"
 
+#include "support/Place.h"
+
 #include <gmock/gmock.h>
 
 namespace barquell::test {
@@ -9,6 +11,13 @@ TEST(KeySequenceTest, ModifiersAreThePhysicalOnes) {
               QKeySequence(Qt::CTRL | Qt::ALT | Qt::META | Qt::Key_U));
     EXPECT_EQ(keySequence(QStringLiteral("a"), kFlagShift | kFlagCommand),
               QKeySequence(Qt::SHIFT | Qt::META | Qt::Key_A));
+}
+
+TEST(KeySequenceTest, WhereTheToolkitExchangesControlAndCommandTheKeysStayTheSame) {
+    place().platform.keyEvents.exchanges = true;
+    EXPECT_EQ(keySequence(QStringLiteral("u"), kFlagControl | kFlagShift),
+              QKeySequence(Qt::META | Qt::SHIFT | Qt::Key_U));
+    EXPECT_EQ(keySequence(QStringLiteral("u"), kFlagCommand), QKeySequence(Qt::CTRL | Qt::Key_U));
 }
 
 TEST(KeySequenceTest, KeysThatTypeNothingHaveTheirNames) {

@@ -75,8 +75,12 @@ std::unique_ptr<EventTapSource> MacTap::createRunLoopSource() {
     return source ? std::make_unique<MacTapSource>(source) : nullptr;
 }
 
+/// With a pool of its own: AppKit's is emptied when the application gets an event itself, which may take
+/// days.
 CGEventRef MacTap::called(CGEventTapProxy /*proxy*/, CGEventType type, CGEventRef event, void *tap) {
-    return static_cast<MacTap *>(tap)->filter(type, event);
+    @autoreleasepool {
+        return static_cast<MacTap *>(tap)->filter(type, event);
+    }
 }
 
 /// The callback may destroy this tap, so nothing of it is touched after the call.

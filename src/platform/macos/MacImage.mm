@@ -3,13 +3,18 @@
 #include <QBuffer>
 #include <QPixmap>
 
+#include <algorithm>
+
 namespace barquell {
 
+qreal screenScale() {
+    return std::max<qreal>([[NSScreen mainScreen] backingScaleFactor], 1); // 0 without a screen
+}
+
 NSImage *nativeImage(const QIcon &icon, QSize size) {
-    const qreal scale = [[NSScreen mainScreen] backingScaleFactor];
     QByteArray png;
     QBuffer buffer(&png);
-    if (icon.isNull() || !icon.pixmap(size, scale).toImage().save(&buffer, "PNG")) {
+    if (icon.isNull() || !icon.pixmap(size, screenScale()).toImage().save(&buffer, "PNG")) {
         return nil;
     }
     NSImage *image = [[NSImage alloc] initWithData:png.toNSData()];

@@ -9,6 +9,7 @@ namespace barquell {
 class MacKeyEvents final : public KeyEvents {
 public:
     std::optional<KeyEvent> keyEvent(const QKeyEvent &event, KeyMeanings meanings) const override;
+    bool exchangesControlAndCommand() const override { return true; }
     void beep() override;
 };
 

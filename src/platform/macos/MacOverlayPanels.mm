@@ -1,6 +1,12 @@
 #include "platform/macos/MacOverlayPanels.h"
 
+#include "platform/macos/MacImage.h"
+
+#include "foundation/interface/ContentsPicture.h"
+
 #include <QWidget>
+
+#include <utility>
 
 #import <AppKit/AppKit.h>
 #import <QuartzCore/QuartzCore.h>
@@ -12,8 +18,8 @@ namespace {
 constexpr NSInteger kPanelLevel = 1500; // above the menu bar, the Dock and full-screen windows
 constexpr CGFloat kCornerRadius = 20.0;
 
-/// A plate that blurs what is behind it, of the view's size and with the view on it.
-NSVisualEffectView *plateUnder(QWidget &view) {
+/// A plate that blurs what is behind it, of the view's size and with its picture.
+NSVisualEffectView *plateWith(QWidget &view) {
     const NSRect frame = NSMakeRect(0, 0, view.width(), view.height());
     NSVisualEffectView *plate = [[NSVisualEffectView alloc] initWithFrame:frame];
     [plate setBlendingMode:NSVisualEffectBlendingModeBehindWindow];
@@ -23,12 +29,22 @@ NSVisualEffectView *plateUnder(QWidget &view) {
     [[plate layer] setFrame:frame];
     plate.layer.cornerRadius = kCornerRadius;
     plate.layer.masksToBounds = YES;
-    NSView *content = (__bridge NSView *)reinterpret_cast<void *>(view.winId());
-    [content setFrame:frame];
-    [content setHidden:NO];
-    [plate addSubview:content];
+    NSImageView *picture = [[NSImageView alloc] initWithFrame:frame];
+    [picture setImage:nativeImage(QIcon(contentsPicture(view, screenScale())), view.size())];
+    [plate addSubview:picture];
     return plate;
 }
+
+/// Who wants to hear of a fade's end.
+struct Fade {
+    std::function<void()> finished;
+
+    void tell() {
+        if (const auto telling = std::exchange(finished, nullptr)) {
+            telling();
+        }
+    }
+};
 
 class MacOverlayPanel final : public OverlayPanel {
 public:
@@ -45,9 +61,13 @@ public:
     void stopAnimations() override;
     void orderFront() override { [_window orderFront:nil]; }
     void orderOut() override { [_window orderOut:nil]; }
-    void close() override { [_window close]; }
+    void close() override {
+        _fade.reset();
+        [_window close];
+    }
 
 private:
+    std::shared_ptr<Fade> _fade; // the one that runs, if any does; the window's animation knows it weakly
     NSWindow *_window = [[NSWindow alloc] initWithContentRect:NSZeroRect
                                                     styleMask:NSWindowStyleMaskBorderless
                                                       backing:NSBackingStoreBuffered
@@ -69,12 +89,15 @@ void MacOverlayPanel::setContent(QWidget *view) {
     NSView *content = [_window contentView];
     [[[content subviews] firstObject] removeFromSuperview];
     if (view) {
-        [content addSubview:plateUnder(*view)];
+        [content addSubview:plateWith(*view)];
     }
 }
 
 void MacOverlayPanel::animateOpacity(double opacity, std::chrono::milliseconds duration,
                                      std::function<void()> finished) {
+    stopAnimations();
+    _fade = std::make_shared<Fade>(Fade{std::move(finished)});
+    const std::weak_ptr<Fade> fade = _fade;
     NSWindow *window = _window;
     const double seconds = std::chrono::duration<double>(duration).count();
     [NSAnimationContext
@@ -83,7 +106,9 @@ void MacOverlayPanel::animateOpacity(double opacity, std::chrono::milliseconds d
           [[window animator] setAlphaValue:opacity];
         }
         completionHandler:^{
-          finished();
+          if (const auto running = fade.lock()) {
+              running->tell();
+          }
         }];
 }
 
@@ -92,6 +117,17 @@ void MacOverlayPanel::stopAnimations() {
         if ([animation respondsToSelector:@selector(stopAnimation)]) {
             [animation stopAnimation];
         }
+    }
+    if (const auto stopped = std::exchange(_fade, nullptr)) {
+        // What the animator runs is in no list; a step to where it is, which takes no time, takes its place.
+        NSWindow *window = _window;
+        [NSAnimationContext
+            runAnimationGroup:^(NSAnimationContext *context) {
+              [context setDuration:0];
+              [[window animator] setAlphaValue:[window alphaValue]];
+            }
+            completionHandler:nil];
+        stopped->tell();
     }
 }
 

@@ -41,7 +41,7 @@ void setMacScriptCommands(ScriptCommands replacing) {
 @implementation SetTouchBarActiveCommand
 
 - (id)performDefaultImplementation {
-    id argument = [[self arguments] objectForKey:@""]; // the one parameter of the command
+    id argument = [[self arguments] objectForKey:@""]; // the direct parameter
     if (const auto &set = barquell::commands().setTouchBarActive) {
         set(static_cast<bool>([argument boolValue]));
     }

@@ -8,6 +8,8 @@
 
 #import <Foundation/Foundation.h>
 
+#include <utility>
+
 /// Hears of changes of the standard user defaults, those of other processes included.
 @interface BarquellDefaultsObserver : NSObject
 @property(nonatomic) std::function<void()> changed;
@@ -78,7 +80,9 @@ SettingsStore::Outcome MacSettingsStore::removeDomain() {
 
 void MacSettingsStore::watch(std::function<void()> mayHaveChanged) {
     _native->observer.changed = std::move(mayHaveChanged);
-    _native->observing = true;
+    if (std::exchange(_native->observing, true)) {
+        return;
+    }
     for (const QString &key : std::as_const(_keys)) {
         [[NSUserDefaults standardUserDefaults] addObserver:_native->observer
                                                 forKeyPath:key.toNSString()

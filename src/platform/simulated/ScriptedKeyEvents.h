@@ -11,10 +11,12 @@ namespace barquell {
 class ScriptedKeyEvents final : public KeyEvents {
 public:
     std::optional<KeyEvent> keyEvent(const QKeyEvent &event, KeyMeanings meanings) const override;
+    bool exchangesControlAndCommand() const override { return exchanges; }
     void beep() override { ++beeps; }
 
     mutable std::deque<KeyEvent> script; ///< taken from the front, an answer an event
     int beeps = 0;
+    bool exchanges = false; ///< the toolkit's Control is Command
 };
 
 } // namespace barquell

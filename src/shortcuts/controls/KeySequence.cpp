@@ -1,5 +1,8 @@
 #include "shortcuts/controls/KeySequence.h"
 
+#include "platform/KeyEvents.h"
+#include "platform/Platform.h"
+
 #include <algorithm>
 #include <array>
 
@@ -39,11 +42,13 @@ QKeySequence keySequence(const QString &keyEquivalent, ModifierFlags modifierMas
     if (keyEquivalent.isEmpty()) {
         return {};
     }
+    const KeyEvents *keys = platform().keyEvents;
+    const bool exchanged = keys && keys->exchangesControlAndCommand();
     Qt::KeyboardModifiers modifiers;
     modifiers.setFlag(Qt::ShiftModifier, (modifierMask & kFlagShift) != 0);
-    modifiers.setFlag(Qt::ControlModifier, (modifierMask & kFlagControl) != 0);
+    modifiers.setFlag(Qt::ControlModifier, (modifierMask & (exchanged ? kFlagCommand : kFlagControl)) != 0);
     modifiers.setFlag(Qt::AltModifier, (modifierMask & kFlagOption) != 0);
-    modifiers.setFlag(Qt::MetaModifier, (modifierMask & kFlagCommand) != 0);
+    modifiers.setFlag(Qt::MetaModifier, (modifierMask & (exchanged ? kFlagControl : kFlagCommand)) != 0);
     return {QKeyCombination(modifiers, keyOf(keyEquivalent.front()))};
 }
 

@@ -167,6 +167,10 @@ enum : NSUInteger {
 };
 typedef NSInteger NSWindowLevel;
 
+@interface NSImageView : NSView
+- (void)setImage:(NSImage *)image;
+@end
+
 @interface NSWindow : NSResponder
 - (instancetype)initWithContentRect:(NSRect)contentRect
                           styleMask:(NSWindowStyleMask)style
