@@ -2,13 +2,10 @@
 # and the login helper. To be called where the target is made.
 function(barquell_bundle target)
   set(packaging ${PROJECT_SOURCE_DIR}/packaging)
-  set(resources ${packaging}/macos/Barquell.sdef)
-  if(NOT CMAKE_CROSSCOMPILING) # what draws the icon is a program of this build
-    set(icon ${CMAKE_CURRENT_BINARY_DIR}/Barquell.icns)
-    set(drawing ${packaging}/icon/com.vexolith.barquell.svg)
-    add_custom_command(OUTPUT ${icon} COMMAND barquell-icon ${drawing} ${icon} DEPENDS barquell-icon ${drawing} VERBATIM)
-    list(APPEND resources ${icon})
-  endif()
+  set(icon ${CMAKE_CURRENT_BINARY_DIR}/Barquell.icns)
+  set(drawing ${packaging}/icon/com.vexolith.barquell.svg)
+  add_custom_command(OUTPUT ${icon} COMMAND barquell-icon ${drawing} ${icon} DEPENDS barquell-icon ${drawing} VERBATIM)
+  set(resources ${packaging}/macos/Barquell.sdef ${icon})
   target_sources(${target} PRIVATE ${resources})
   set_source_files_properties(${resources} PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
   set_target_properties(${target} PROPERTIES

@@ -59,6 +59,11 @@ TEST_P(EventTapContract, TheTrustIsTheUsersLastWord) {
     EXPECT_TRUE(pieces.accessibilityTrust->isProcessTrusted());
 }
 
+TEST_P(EventTapContract, WithoutTheTrustThereIsNoTap) {
+    NEEDS_HAND(place->setTrusted(false));
+    EXPECT_EQ(pieces.eventTaps->create(kMask, pass), nullptr);
+}
+
 TEST_P(EventTapContract, ATapIsMadeWhereNothingIsPluggedIn) {
     NEEDS_HAND(place->setTrusted(true));
     install();

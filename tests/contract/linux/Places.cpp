@@ -93,7 +93,8 @@ private:
     SessionBus _session;
     BusNotifications _notifications{_session};
     GrantTrust _trust{_grants, _notifications};
-    TapServerClient _tapServer{_server.path()};
+    GrantClient _asking{_server.path()};
+    TapServerClient _tapServer{_server.path(), _trust, _asking};
     FileSettingsStore _settings{_settingsFolder.path()};
     XkbKeyboardLayout _keyboardLayout{[] { return std::optional<Keymap>(); }};
     DesktopEntries _entries;
