@@ -101,6 +101,59 @@ def request_without_a_bus_has_no_answer(world: World) -> None:
     client.expect("granted")
 
 
+BUS = """<busconfig><type>system</type><listen>unix:path=/run/dbus/system_bus_socket</listen>
+<policy context="default"><allow send_destination="*"/><allow receive_sender="*"/><allow own="*"/></policy></busconfig>"""
+
+
+class Bus:
+    """A system bus, with somebody in polkit's place who does what a check says."""
+
+    def __init__(self, world: World):
+        os.makedirs("/run/dbus")
+        world.closing_by(lambda: shutil.rmtree("/run/dbus"))
+        with open("/run/dbus/bus.conf", "w", encoding="utf-8") as file:
+            file.write(BUS)
+        self.daemon = Lines(["dbus-daemon", "--nofork", "--print-address", "--config-file=/run/dbus/bus.conf"])
+        world.closing_by(self.daemon.kill)
+        until("the bus is there", lambda: "unix:path" in self.daemon.read())
+        self.polkit = Lines(["python3", "-B", "/out/polkit.py"])
+        world.closing_by(self.polkit.kill)
+        self.polkit.expect("serving as org.freedesktop.PolicyKit1")
+
+
+def person_is_asked_over_the_system_bus(world: World) -> str:
+    """Which comes after the server."""
+    bar = world.plug("bar", "t2-bar")
+    good = world.tapping("block", user=0)
+    withdraw(NOBODY)
+    before = world.server.descriptors()
+    bus = Bus(world)
+    question = "asked about unix-process {} of %d: com.vexolith.barquell.filter-touch-bar, flags 1" % NOBODY
+    for word, answer in (("no", "refused 5"), ("nobody", NO_ANSWER), ("yes", "granted")):
+        client = stranger(world, "request")
+        bus.polkit.expect(question.format(client.process.pid))
+        second = stranger(world, "request")
+        second.expect("refused 2")
+        bus.polkit.say(word)
+        client.expect(answer)
+        client.expect("closed")
+    world.client()
+    withdraw(NOBODY)
+    leaving = stranger(world, "request")
+    bus.polkit.expect(question.format(leaving.process.pid))
+    gone = bus.polkit.read().count("whoever asked has left")
+    leaving.kill()
+    until("the question is taken back", lambda: bus.polkit.read().count("whoever asked has left") > gone)
+    waiting = stranger(world, "request")
+    bus.polkit.expect(question.format(waiting.process.pid))
+    bus.daemon.kill()
+    waiting.expect(NO_ANSWER)
+    tap(bar, 100)
+    good.wait_frames(2)
+    until("nothing is left open", lambda: world.server.descriptors() == before)
+    return f"{world.server.number('smaps_rollup', 'Private_Dirty')} KiB dirty afterwards"
+
+
 class Seat:
     """The login manager's account of who is in front, as it writes it (systemd-logind 252)."""
 
