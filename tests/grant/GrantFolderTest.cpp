@@ -132,9 +132,11 @@ TEST_F(GrantFolderTest, WhatLiesInItsPlaceIsReplacedAndNotFollowed) {
 
 TEST_F(GrantFolderTest, AFileThatOthersMayWriteOrOwnIsNoGrant) {
     ASSERT_THAT(grants.give(user), IsEmpty());
-    std::filesystem::permissions(file, std::filesystem::perms(0664));
+    std::filesystem::permissions(file, std::filesystem::perms::group_write,
+                                 std::filesystem::perm_options::add);
     expectInvalid("its grant can be written by others");
-    std::filesystem::permissions(file, std::filesystem::perms(0644));
+    std::filesystem::permissions(file, std::filesystem::perms::group_write,
+                                 std::filesystem::perm_options::remove);
     const GrantFolder ofAnother(grants.path(), ::geteuid() + 1);
     EXPECT_EQ(ofAnother.read(user).problem, "its grant is not root's");
 }

@@ -117,7 +117,7 @@ TEST_F(KeptGrantsTest, AnAdministratorNamesTheUserByNameOrNumber) {
         EXPECT_EQ(change(Task::Grant, nobody), 1) << nobody;
     }
     EXPECT_EQ(change(Task::Withdraw, "4123456789"), 0) << "a user who was deleted";
-    std::ofstream(home / "file");
+    std::ofstream(home / "file") << "in the way";
     options.grants = home / "file" / "grants";
     EXPECT_EQ(change(Task::Grant, "root"), 1);
 }

@@ -6,7 +6,6 @@ using namespace protocol;
 using namespace std::chrono_literals;
 using testing::Contains;
 using testing::ElementsAre;
-using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;
 
@@ -287,40 +286,6 @@ TEST_F(GrantsTest, AClientThatHasNotSpokenIsLeftAloneByChanges) {
     connect(asking);
     server.grantsChanged(now);
     EXPECT_FALSE(asking.closed);
-}
-
-TEST_F(GrantsTest, WhoStaysWithoutClientsEndsWhereItIsStartedForThem) {
-    server.endWhenIdle(now);
-    EXPECT_EQ(server.deadline(), now + 30s);
-    EXPECT_FALSE(server.isDone(now + 30s - 1us));
-    EXPECT_TRUE(server.isDone(now + 30s));
-}
-
-TEST_F(GrantsTest, WhoHasAClientStays) {
-    server.endWhenIdle(now);
-    hello(client);
-    later(1h);
-    EXPECT_FALSE(server.isDone(now));
-    EXPECT_EQ(server.deadline(), std::nullopt);
-    server.disconnected(client, now);
-    EXPECT_FALSE(server.isDone(now + 30s - 1us));
-    EXPECT_TRUE(server.isDone(now + 30s));
-    hello(other);
-    EXPECT_FALSE(server.isDone(now + 30s));
-}
-
-TEST_F(GrantsTest, WhoAsksKeepsTheServer) {
-    server.endWhenIdle(now);
-    request(asking);
-    later(4min);
-    EXPECT_FALSE(server.isDone(now));
-}
-
-TEST_F(GrantsTest, WhoWasStartedByHandStays) {
-    hello(client);
-    server.disconnected(client, now);
-    EXPECT_FALSE(server.isDone(now + 1h));
-    EXPECT_EQ(server.deadline(), std::nullopt);
 }
 
 } // namespace barquell::test

@@ -18,6 +18,7 @@ public:
     /// no bus or the process has gone.
     static std::unique_ptr<PolkitQuestion> ask(const ClientLink &link, Log &log);
 
+    ~PolkitQuestion() = default;
     PolkitQuestion(const PolkitQuestion &) = delete;
     PolkitQuestion &operator=(const PolkitQuestion &) = delete;
 
