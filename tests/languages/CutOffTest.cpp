@@ -1,5 +1,4 @@
 #include "CutOff.h"
-#include "HUDOwner.h"
 
 #include "foundation/Bundle.h"
 #include "foundation/UserDefaults.h"
@@ -17,6 +16,7 @@
 #include "preferences/tabs/PreferencesTabsClasses.h"
 #include "process/AnotherCopyAlert.h"
 #include "shortcuts/controls/ShortcutControls.h"
+#include "support/HUDOwner.h"
 #include "support/Place.h"
 
 #include <QHBoxLayout>

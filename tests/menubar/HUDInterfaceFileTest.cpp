@@ -2,28 +2,12 @@
 
 #include "foundation/interface/InterfaceClasses.h"
 #include "menubar/hud/HUDPicture.h"
+#include "support/HUDOwner.h"
 
 #include <QFile>
 #include <QLabel>
 
 namespace barquell::test {
-
-namespace {
-
-/// As the application controller owns the HUD.
-class HUDOwner final : public QObject {
-    Q_OBJECT
-    Q_PROPERTY(barquell::TouchBarHUDController *touchBarHUDController READ hud WRITE setHUD)
-
-public:
-    TouchBarHUDController *hud() const { return _hud; }
-    void setHUD(TouchBarHUDController *hud) { _hud = hud; }
-
-private:
-    QPointer<TouchBarHUDController> _hud;
-};
-
-} // namespace
 
 class HUDInterfaceFileTest : public HUDFixture {
 protected:
