@@ -8,6 +8,7 @@
 #include "platform/linux/client/TapServerClient.h"
 #include "platform/linux/desktop/AutostartLoginItem.h"
 #include "platform/linux/desktop/LinuxApplications.h"
+#include "platform/linux/keys/XHotKeys.h"
 #include "platform/linux/keys/XkbKeyboardLayout.h"
 #include "platform/linux/overlay/LinuxOverlayPanels.h"
 #include "platform/linux/session/BusNotifications.h"
@@ -22,7 +23,7 @@ namespace barquell::test {
 
 namespace {
 
-/// Linux without an X server, so without hot keys; the bus, the tap server's end of the socket and all files
+/// Linux, with hot keys where there is an X server; the bus, the tap server's end of the socket and all files
 /// are the test's own.
 class LinuxPlace final : public ContractPlace {
 public:
@@ -34,6 +35,7 @@ public:
                 .accessibilityTrust = &_trust,
                 .distributedNotifications = &_notifications,
                 .settingsStore = &_settings,
+                .hotKeys = _hotKeys.get(),
                 .keyboardLayout = &_keyboardLayout,
                 .workspace = &_workspace,
                 .applications = &_applications,
@@ -96,6 +98,7 @@ private:
     GrantClient _asking{_server.path()};
     TapServerClient _tapServer{_server.path(), _trust, _asking};
     FileSettingsStore _settings{_settingsFolder.path()};
+    std::unique_ptr<XHotKeys> _hotKeys = XHotKeys::open();
     XkbKeyboardLayout _keyboardLayout{[] { return std::optional<Keymap>(); }};
     DesktopEntries _entries;
     RunningCopies _copies{_session};
