@@ -56,8 +56,10 @@ AuthWindowController::AuthWindowController() {
     if (_window) {
         _window->setMovableByWindowBackground(true);
     }
-    if (_privacyButton) {
-        _privacyButton->setVisible(platform().accessibilityTrust->hasPrivacyPage());
+    for (QWidget *button : {_privacyButton.data(), _completePrivacyButton.data()}) {
+        if (button) {
+            button->setVisible(platform().accessibilityTrust->hasPrivacyPage());
+        }
     }
     for (QWidget *page : {_authorizationRequiredView.data(), _authorizationCompleteView.data()}) {
         if (page) {

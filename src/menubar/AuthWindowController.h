@@ -22,6 +22,7 @@ class AuthWindowController final : public QObject, public TrustedProcessObserver
     Q_PROPERTY(
         QWidget *authorizationCompleteView READ authorizationCompleteView WRITE setAuthorizationCompleteView)
     Q_PROPERTY(QWidget *privacyButton READ privacyButton WRITE setPrivacyButton)
+    Q_PROPERTY(QWidget *completePrivacyButton READ completePrivacyButton WRITE setCompletePrivacyButton)
 
 public:
     /// What others use: the class.
@@ -55,17 +56,20 @@ public:
     QWidget *authorizationRequiredView() const { return _authorizationRequiredView; }
     QWidget *authorizationCompleteView() const { return _authorizationCompleteView; }
     QWidget *privacyButton() const { return _privacyButton; }
+    QWidget *completePrivacyButton() const { return _completePrivacyButton; }
     void setWindow(ContentWindow *window) { _window = window; }
     void setAuthorizationRequiredView(QWidget *view) { _authorizationRequiredView = view; }
     void setAuthorizationCompleteView(QWidget *view) { _authorizationCompleteView = view; }
     void setPrivacyButton(QWidget *button) { _privacyButton = button; }
+    void setCompletePrivacyButton(QWidget *button) { _completePrivacyButton = button; }
 
 private:
     TopLevelObjects _topLevelObjects;
     QPointer<ContentWindow> _window;
     QPointer<QWidget> _authorizationRequiredView;
     QPointer<QWidget> _authorizationCompleteView;
-    QPointer<QWidget> _privacyButton; ///< hidden where it would lead back to this window
+    QPointer<QWidget> _privacyButton; ///< hidden where there is nothing that it could open
+    QPointer<QWidget> _completePrivacyButton;
 };
 
 } // namespace barquell

@@ -11,8 +11,7 @@ public:
     /// macOS: AXIsProcessTrusted.
     virtual bool isProcessTrusted() const = 0;
 
-    /// Whether the system has a page of its own where trust is given; where it has none, our authorization
-    /// window stands in for it.
+    /// Whether there is a page where trust is given and withdrawn, the system's or one of ours.
     virtual bool hasPrivacyPage() const = 0;
 
 protected:

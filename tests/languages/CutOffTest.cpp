@@ -7,6 +7,7 @@
 #include "menubar/AuthWindowController.h"
 #include "menubar/LikeTheAppTracker.h"
 #include "menubar/MenuBarClasses.h"
+#include "menubar/PermissionPage.h"
 #include "menubar/hud/HUDClasses.h"
 #include "platform/simulated/bar/SimulatedBarWindow.h"
 #include "preferences/PreferencesClasses.h"
@@ -122,6 +123,25 @@ TEST_P(CutOffTest, BothPagesOfTheAuthorizationWindow) {
     here.platform.trust.trusted = true;
     TrustedProcessChecker::checkIsTrusted();
     EXPECT_EQ(cutOff(settled(*AuthWindowController::cls().window())), nothing);
+}
+
+TEST_P(CutOffTest, ThePermissionPage) {
+    Permission::State state;
+    const auto fails = [](const Permission::Answer &answer) { answer(false); };
+    const Permission permission{.userName = QStringLiteral("somebody-with-a-long-name"),
+                                .state = [&state] { return state; },
+                                .request = fails,
+                                .withdraw = fails};
+    for (const bool given : {false, true}) {
+        state = {.given = given, .since = QDateTime(QDate(2026, 9, 30), QTime(12, 0))};
+        PermissionPage::show(permission);
+        QWidget &window = *PermissionPage::openWindow();
+        EXPECT_EQ(cutOff(settled(window)), nothing);
+        window.findChild<QPushButton *>(QStringLiteral("button"))->click(); // in vain, which is said
+        EXPECT_EQ(cutOff(settled(window)), nothing);
+        EXPECT_LE(window.width(), 640);
+    }
+    PermissionPage::openWindow()->close();
 }
 
 TEST_P(CutOffTest, TheQuestionsOfThePreferences) {

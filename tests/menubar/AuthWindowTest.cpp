@@ -180,10 +180,18 @@ TEST_F(AuthWindowTest, AnotherOpensThePrivacySettings) {
     EXPECT_EQ(here.platform.workspace.openedUrls.size(), 1);
 }
 
-TEST_F(AuthWindowTest, PrivacySettingsAreNotOfferedWhereTheyWouldLeadBackToThisWindow) {
+TEST_F(AuthWindowTest, TheSettingsAreReachedFromTheCompletePageToo) {
+    here.platform.trust.trusted = true;
+    show();
+    click("completeSettingsButton");
+    EXPECT_EQ(here.platform.workspace.openedUrls.size(), 1);
+}
+
+TEST_F(AuthWindowTest, PrivacySettingsAreNotOfferedWhereThereAreNone) {
     here.platform.trust.privacyPage = false;
     show();
     EXPECT_TRUE(controller->privacyButton()->isHidden());
+    EXPECT_TRUE(controller->completePrivacyButton()->isHidden());
 }
 
 TEST_F(AuthWindowTest, TheDefaultButtonOfThePageHasTheKeyboard) {

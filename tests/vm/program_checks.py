@@ -218,7 +218,7 @@ def doctor_finds_what_is_missing(world: World) -> None:
     missing = [line for line in report.splitlines() if line.startswith("MISSING")]
     desktop = ("there is a display", "what is in front", "there is a session bus", "launchers know Barquell")
     require(all(line.endswith(desktop) for line in missing), report)  # there is none here
-    require(report.count("ok ") == 7, report)
+    require(report.count("ok ") == 9, report)
 
 
 def require_same(who: str, live: list, replayed: list) -> None:

@@ -7,6 +7,7 @@
 #include "app/commands/DoctorCommand.h"
 #include "app/commands/RemoteCommands.h"
 #include "app/commands/ReplayCommand.h"
+#include "app/commands/RevokeCommand.h"
 #include "app/commands/StartCommand.h"
 #include "app/commands/StatusCommand.h"
 #include "foundation/Log.h"
@@ -42,6 +43,7 @@ constexpr std::array kCommands{
     Command{"toggle", "toggle the Touch Bar from the next start on", onStoredSettings<runToggle>},
     Command{"active", "make the Touch Bar active or not, from the next start on",
             onStoredSettings<runActive>},
+    Command{"revoke", "give up the permission to filter", runRevoke},
     Command{"replay", "say what becomes of recorded touches", runReplay},
     Command{"defaults", "read, write or delete settings", onStoredSettings<runDefaults>},
 };

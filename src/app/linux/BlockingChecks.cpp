@@ -8,28 +8,55 @@ namespace barquell {
 
 namespace {
 
+constexpr const char *kByHand = "sudo barquell-tapd --group $(id -gn)";
+
+/// Where systemd has the socket, the server comes with its first client.
+Check checkService(bool installed) {
+    return {QStringLiteral("the tap server is installed as a service"), installed,
+            QStringLiteral("install Barquell's packages, or run the server by hand: ") +
+                QLatin1String(kByHand)};
+}
+
 /// The way to the server: the first thing that fails hides what lies behind it.
 Check checkServer(const Findings &findings) {
-    const QString start = QStringLiteral("sudo barquell-tapd --group $(id -gn)");
     const auto *why = std::get_if<ProbeFailure>(&findings.server);
-    if (!why) {
+    if (!why || *why == ProbeFailure::NotGranted) {
         return {QStringLiteral("the tap server answers this user"), true, {}};
     }
+    const bool installed = findings.service.value_or(false);
+    const QString byHand = QLatin1String(kByHand);
     switch (*why) {
     case ProbeFailure::Absent:
-        return {QStringLiteral("the tap server is there"), false, QStringLiteral("start it: ") + start};
+        return {
+            QStringLiteral("the tap server is there"), false,
+            QStringLiteral("start it: ") +
+                (installed ? QStringLiteral("sudo systemctl enable --now barquell-tapd.socket") : byHand)};
     case ProbeFailure::Forbidden:
         return {QStringLiteral("this user may speak to the tap server"), false,
-                QStringLiteral("start it for a group of this user: ") + start};
-    case ProbeFailure::NotGranted:
-        return {QStringLiteral("this user may filter the Touch Bar"), false,
-                QStringLiteral("sudo barquell-tapd --grant $(id -un)")};
+                installed ? QStringLiteral("sudo systemctl restart barquell-tapd.socket")
+                          : QStringLiteral("start it for a group of this user: ") + byHand};
     case ProbeFailure::Silent:
     case ProbeFailure::Refused:
+    case ProbeFailure::NotGranted:
         break;
     }
     return {QStringLiteral("the tap server answers"), false,
-            QStringLiteral("end it and start it again: sudo pkill -x barquell-tapd; ") + start};
+            installed ? QStringLiteral("sudo systemctl restart barquell-tapd.service barquell-tapd.socket")
+                      : QStringLiteral("end it and start it again: sudo pkill -x barquell-tapd; ") + byHand};
+}
+
+/// The file says it, and the server where it answers: it may keep its grants elsewhere.
+Check checkGrant(const Findings &findings) {
+    const auto *why = std::get_if<ProbeFailure>(&findings.server);
+    const bool refused = why && *why == ProbeFailure::NotGranted;
+    QString what = QStringLiteral("this user may filter the Touch Bar");
+    if (findings.grant.state == grant::State::Invalid) {
+        what += QStringLiteral(" (the grant does not hold: %1)")
+                    .arg(QString::fromUtf8(findings.grant.problem.data(),
+                                           static_cast<qsizetype>(findings.grant.problem.size())));
+    }
+    return {what, findings.grant.state == grant::State::Held && !refused,
+            QStringLiteral("barquell show, and allow it there; or: sudo barquell-tapd --grant $(id -un)")};
 }
 
 Check checkHolder(const TapHolder &holder) {
@@ -58,14 +85,20 @@ QList<Check> checkBlocking(const Findings &findings) {
     QList<Check> checks{
         checkSettings(),
         checkServer(findings),
+        checkGrant(findings),
         {QStringLiteral("blocking is switched on"), findings.enabled,
          QStringLiteral("barquell defaults write Enabled -bool true")},
         {QStringLiteral("Barquell is running"), findings.processId.has_value(), QStringLiteral("barquell &")},
     };
+    if (findings.service) {
+        checks.insert(1, checkService(*findings.service));
+    }
     const auto *welcome = findings.welcome();
     if (!welcome) {
         return checks;
     }
+    checks.append({QStringLiteral("this user is the one in front"), *findings.inFront(),
+                   QStringLiteral("loginctl activate $XDG_SESSION_ID")});
     if (findings.enabled && findings.processId) {
         checks.append(checkHolder(*findings.holder()));
     }

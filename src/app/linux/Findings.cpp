@@ -2,6 +2,7 @@
 
 #include "app/Place.h"
 #include "app/RegisteredDefaults.h"
+#include "app/linux/ServiceState.h"
 #include "app/linux/TapServerSocket.h"
 #include "foundation/UserDefaults.h"
 #include "platform/Platform.h"
@@ -37,6 +38,22 @@ bool Findings::isTrusted() const {
     return grant.state == grant::State::Held;
 }
 
+QString Findings::grantState() const {
+    switch (grant.state) {
+    case grant::State::Held:
+        return QStringLiteral("held");
+    case grant::State::Invalid:
+        return QStringLiteral("invalid");
+    case grant::State::None:
+        break;
+    }
+    return QStringLiteral("none");
+}
+
+std::optional<bool> Findings::inFront() const {
+    return welcome() ? std::optional(welcome()->inFront != 0) : std::nullopt;
+}
+
 QString Findings::serverState() const {
     if (welcome()) {
         return QStringLiteral("answers");
@@ -67,6 +84,7 @@ Findings lookAround() {
     }
     readSettings(findings);
     findings.grant = thisMachinesGrants().read(::getuid());
+    findings.service = isServiceInstalled();
     findings.server = probeServer(tapServerSocket(), 1s);
     return findings;
 }

@@ -1,9 +1,9 @@
 #include "app/Place.h"
 
+#include "app/linux/GrantPermission.h"
 #include "app/linux/TapServerSocket.h"
-
 #include "foundation/RunLoop.h"
-#include "menubar/AuthWindowController.h"
+#include "menubar/PermissionPage.h"
 #include "platform/Platform.h"
 #include "platform/linux/FileSettingsStore.h"
 #include "platform/linux/LinuxDiagnostics.h"
@@ -41,9 +41,9 @@ FileSettingsStore &settings() {
 }
 
 /// Stands in for the privacy settings, which no desktop here has.
-void showAuthorization() {
+void showPrivacyPage(const GrantTrust &trust, GrantClient &grant) {
     if (hasWindows()) {
-        AuthWindowController::cls().showWindow(nullptr);
+        PermissionPage::show(permissionOf(trust, grant));
     }
 }
 
@@ -57,7 +57,8 @@ struct Session {
     RunningCopies copies{bus};
     LinuxDiagnostics diagnostics;
     DesktopEntries entries;
-    LinuxWorkspace workspace{XDesktop::open(), entries, copies, LinuxUrlOpener(showAuthorization)};
+    LinuxWorkspace workspace{XDesktop::open(), entries, copies,
+                             LinuxUrlOpener([this] { showPrivacyPage(trust, grant); })};
     LinuxApplications applications{entries};
     AutostartLoginItem loginItem{QCoreApplication::applicationFilePath()};
 };

@@ -14,6 +14,11 @@ namespace {
 constexpr const char *kOfTheRunningCopy[] = {"effectivelyEnabled", "pauseFlags", "pauseKeysHeld",
                                              "frontmostApplication"};
 
+/// Null where it is not known.
+QJsonValue valueOf(const std::optional<bool> &value) {
+    return value ? QJsonValue(*value) : QJsonValue();
+}
+
 QJsonObject asJson(const Findings &findings) {
     const auto *welcome = findings.welcome();
     QJsonObject status{
@@ -21,6 +26,9 @@ QJsonObject asJson(const Findings &findings) {
         {QStringLiteral("pid"), findings.processId ? QJsonValue(*findings.processId) : QJsonValue()},
         {QStringLiteral("enabled"), findings.enabled},
         {QStringLiteral("trusted"), findings.isTrusted()},
+        {QStringLiteral("grant"), findings.grantState()},
+        {QStringLiteral("inFront"), valueOf(findings.inFront())},
+        {QStringLiteral("serviceInstalled"), valueOf(findings.service)},
         {QStringLiteral("server"), findings.serverState()},
         {QStringLiteral("tapHolder"), welcome ? QJsonValue(findings.holder()->name()) : QJsonValue()},
         {QStringLiteral("barsKnown"), welcome ? QJsonValue(welcome->barsKnown) : QJsonValue()},
@@ -68,6 +76,11 @@ void printStatus(const Findings &findings) {
     if (!findings.report.isEmpty()) {
         printReport(findings.report);
     }
+    print(QStringLiteral("Grant of this user:   ") + findings.grantState());
+    print(QStringLiteral("This user in front:   ") +
+          (findings.inFront() ? yesOrNo(*findings.inFront()) : unknown));
+    print(QStringLiteral("Installed as service: ") +
+          (findings.service ? yesOrNo(*findings.service) : QStringLiteral("there is no systemd")));
     print(QStringLiteral("Tap server:           ") + findings.serverState());
     print(QStringLiteral("The tap belongs to:   ") + (welcome ? findings.holder()->name() : unknown));
     print(QStringLiteral("Touch Bars:           ") +

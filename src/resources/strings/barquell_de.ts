@@ -44,10 +44,6 @@
         <translation>Berechtigung erforderlich…</translation>
     </message>
     <message>
-        <source>Accessibility Settings…</source>
-        <translation>Einstellungen der Bedienungshilfen…</translation>
-    </message>
-    <message>
         <source>Bypass the Frontmost App</source>
         <translation>Vorderste App ausnehmen</translation>
     </message>
@@ -98,10 +94,6 @@
     <message>
         <source>Authorization…</source>
         <translation>Berechtigung…</translation>
-    </message>
-    <message>
-        <source>Privacy settings of the system…</source>
-        <translation>Datenschutzeinstellungen des Systems…</translation>
     </message>
     <message>
         <source>Apps:</source>
@@ -494,6 +486,42 @@
     <message>
         <source>Keep all copies running</source>
         <translation>Alle Kopien weiterlaufen lassen</translation>
+    </message>
+    <message>
+        <source>Privacy Settings…</source>
+        <translation>Datenschutzeinstellungen…</translation>
+    </message>
+    <message>
+        <source>Touch Bar Permission</source>
+        <translation>Berechtigung für die Touch Bar</translation>
+    </message>
+    <message>
+        <source>With the permission, Barquell sees the touches on the Touch Bar and the modifier keys while this user is in front, and nothing else. Without it, every touch passes.</source>
+        <translation>Mit der Berechtigung sieht Barquell die Berührungen der Touch Bar und die Sondertasten, solange dieser Benutzer vorn ist, und sonst nichts. Ohne sie geht jede Berührung durch.</translation>
+    </message>
+    <message>
+        <source>An administrator allowed it on %@.</source>
+        <translation>Von einem Administrator erlaubt am %@.</translation>
+    </message>
+    <message>
+        <source>%@ may hold touches back</source>
+        <translation>%@ darf Berührungen zurückhalten</translation>
+    </message>
+    <message>
+        <source>%@ may not hold touches back</source>
+        <translation>%@ darf Berührungen nicht zurückhalten</translation>
+    </message>
+    <message>
+        <source>Withdraw</source>
+        <translation>Zurücknehmen</translation>
+    </message>
+    <message>
+        <source>The permission could not be withdrawn: the service that holds the Touch Bar does not answer.</source>
+        <translation>Die Berechtigung konnte nicht zurückgenommen werden: Der Dienst, der die Touch Bar hält, antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>The permission was not given: somebody declined, or there is nobody who can be asked.</source>
+        <translation>Die Berechtigung wurde nicht erteilt: Jemand hat abgelehnt, oder niemand kann gefragt werden.</translation>
     </message>
 </context>
 </TS>

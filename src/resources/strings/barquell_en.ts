@@ -44,10 +44,6 @@
         <translation>Authorization Required…</translation>
     </message>
     <message>
-        <source>Accessibility Settings…</source>
-        <translation>Accessibility Settings…</translation>
-    </message>
-    <message>
         <source>Bypass the Frontmost App</source>
         <translation>Bypass the Frontmost App</translation>
     </message>
@@ -98,10 +94,6 @@
     <message>
         <source>Authorization…</source>
         <translation>Authorization…</translation>
-    </message>
-    <message>
-        <source>Privacy settings of the system…</source>
-        <translation>Privacy settings of the system…</translation>
     </message>
     <message>
         <source>Apps:</source>
@@ -494,6 +486,42 @@
     <message>
         <source>Keep all copies running</source>
         <translation>Keep all copies running</translation>
+    </message>
+    <message>
+        <source>Privacy Settings…</source>
+        <translation>Privacy Settings…</translation>
+    </message>
+    <message>
+        <source>Touch Bar Permission</source>
+        <translation>Touch Bar Permission</translation>
+    </message>
+    <message>
+        <source>With the permission, Barquell sees the touches on the Touch Bar and the modifier keys while this user is in front, and nothing else. Without it, every touch passes.</source>
+        <translation>With the permission, Barquell sees the touches on the Touch Bar and the modifier keys while this user is in front, and nothing else. Without it, every touch passes.</translation>
+    </message>
+    <message>
+        <source>An administrator allowed it on %@.</source>
+        <translation>An administrator allowed it on %@.</translation>
+    </message>
+    <message>
+        <source>%@ may hold touches back</source>
+        <translation>%@ may hold touches back</translation>
+    </message>
+    <message>
+        <source>%@ may not hold touches back</source>
+        <translation>%@ may not hold touches back</translation>
+    </message>
+    <message>
+        <source>Withdraw</source>
+        <translation>Withdraw</translation>
+    </message>
+    <message>
+        <source>The permission could not be withdrawn: the service that holds the Touch Bar does not answer.</source>
+        <translation>The permission could not be withdrawn: the service that holds the Touch Bar does not answer.</translation>
+    </message>
+    <message>
+        <source>The permission was not given: somebody declined, or there is nobody who can be asked.</source>
+        <translation>The permission was not given: somebody declined, or there is nobody who can be asked.</translation>
     </message>
 </context>
 </TS>

@@ -44,10 +44,6 @@
         <translation>Autorización necesaria…</translation>
     </message>
     <message>
-        <source>Accessibility Settings…</source>
-        <translation>Ajustes de accesibilidad…</translation>
-    </message>
-    <message>
         <source>Bypass the Frontmost App</source>
         <translation>Excluir la app en primer plano</translation>
     </message>
@@ -98,10 +94,6 @@
     <message>
         <source>Authorization…</source>
         <translation>Autorización…</translation>
-    </message>
-    <message>
-        <source>Privacy settings of the system…</source>
-        <translation>Ajustes de privacidad del sistema…</translation>
     </message>
     <message>
         <source>Apps:</source>
@@ -494,6 +486,42 @@
     <message>
         <source>Keep all copies running</source>
         <translation>Mantener todas las copias abiertas</translation>
+    </message>
+    <message>
+        <source>Privacy Settings…</source>
+        <translation>Ajustes de privacidad…</translation>
+    </message>
+    <message>
+        <source>Touch Bar Permission</source>
+        <translation>Permiso para la Touch Bar</translation>
+    </message>
+    <message>
+        <source>With the permission, Barquell sees the touches on the Touch Bar and the modifier keys while this user is in front, and nothing else. Without it, every touch passes.</source>
+        <translation>Con el permiso, Barquell ve los toques en la Touch Bar y las teclas modificadoras mientras la sesión de este usuario está activa, y nada más. Sin él, todos los toques pasan.</translation>
+    </message>
+    <message>
+        <source>An administrator allowed it on %@.</source>
+        <translation>Lo permitió un administrador el %@.</translation>
+    </message>
+    <message>
+        <source>%@ may hold touches back</source>
+        <translation>%@ puede retener los toques</translation>
+    </message>
+    <message>
+        <source>%@ may not hold touches back</source>
+        <translation>%@ no puede retener los toques</translation>
+    </message>
+    <message>
+        <source>Withdraw</source>
+        <translation>Retirar</translation>
+    </message>
+    <message>
+        <source>The permission could not be withdrawn: the service that holds the Touch Bar does not answer.</source>
+        <translation>No se pudo retirar el permiso: el servicio que controla la Touch Bar no responde.</translation>
+    </message>
+    <message>
+        <source>The permission was not given: somebody declined, or there is nobody who can be asked.</source>
+        <translation>No se concedió el permiso: alguien lo rechazó o no hay a quién preguntar.</translation>
     </message>
 </context>
 </TS>

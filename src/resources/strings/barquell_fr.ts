@@ -44,10 +44,6 @@
         <translation>Autorisation requise…</translation>
     </message>
     <message>
-        <source>Accessibility Settings…</source>
-        <translation>Réglages d’accessibilité…</translation>
-    </message>
-    <message>
         <source>Bypass the Frontmost App</source>
         <translation>Exclure l’app au premier plan</translation>
     </message>
@@ -98,10 +94,6 @@
     <message>
         <source>Authorization…</source>
         <translation>Autorisation…</translation>
-    </message>
-    <message>
-        <source>Privacy settings of the system…</source>
-        <translation>Réglages de confidentialité du système…</translation>
     </message>
     <message>
         <source>Apps:</source>
@@ -494,6 +486,42 @@
     <message>
         <source>Keep all copies running</source>
         <translation>Garder toutes les copies ouvertes</translation>
+    </message>
+    <message>
+        <source>Privacy Settings…</source>
+        <translation>Réglages de confidentialité…</translation>
+    </message>
+    <message>
+        <source>Touch Bar Permission</source>
+        <translation>Autorisation pour la Touch Bar</translation>
+    </message>
+    <message>
+        <source>With the permission, Barquell sees the touches on the Touch Bar and the modifier keys while this user is in front, and nothing else. Without it, every touch passes.</source>
+        <translation>Avec l’autorisation, Barquell voit les appuis sur la Touch Bar et les touches de modification tant que la session de cet utilisateur est active, et rien d’autre. Sans elle, tous les appuis passent.</translation>
+    </message>
+    <message>
+        <source>An administrator allowed it on %@.</source>
+        <translation>Accordée par un administrateur le %@.</translation>
+    </message>
+    <message>
+        <source>%@ may hold touches back</source>
+        <translation>%@ peut retenir les appuis</translation>
+    </message>
+    <message>
+        <source>%@ may not hold touches back</source>
+        <translation>%@ ne peut pas retenir les appuis</translation>
+    </message>
+    <message>
+        <source>Withdraw</source>
+        <translation>Retirer</translation>
+    </message>
+    <message>
+        <source>The permission could not be withdrawn: the service that holds the Touch Bar does not answer.</source>
+        <translation>L’autorisation n’a pas pu être retirée : le service qui contrôle la Touch Bar ne répond pas.</translation>
+    </message>
+    <message>
+        <source>The permission was not given: somebody declined, or there is nobody who can be asked.</source>
+        <translation>L’autorisation n’a pas été accordée : quelqu’un a refusé, ou il n’y a personne à qui demander.</translation>
     </message>
 </context>
 </TS>

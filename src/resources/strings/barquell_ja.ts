@@ -44,10 +44,6 @@
         <translation>許可が必要です…</translation>
     </message>
     <message>
-        <source>Accessibility Settings…</source>
-        <translation>アクセシビリティ設定…</translation>
-    </message>
-    <message>
         <source>Bypass the Frontmost App</source>
         <translation>最前面のアプリを除外</translation>
     </message>
@@ -98,10 +94,6 @@
     <message>
         <source>Authorization…</source>
         <translation>許可…</translation>
-    </message>
-    <message>
-        <source>Privacy settings of the system…</source>
-        <translation>システムのプライバシー設定…</translation>
     </message>
     <message>
         <source>Apps:</source>
@@ -494,6 +486,42 @@
     <message>
         <source>Keep all copies running</source>
         <translation>すべて起動したままにする</translation>
+    </message>
+    <message>
+        <source>Privacy Settings…</source>
+        <translation>プライバシー設定…</translation>
+    </message>
+    <message>
+        <source>Touch Bar Permission</source>
+        <translation>Touch Barの許可</translation>
+    </message>
+    <message>
+        <source>With the permission, Barquell sees the touches on the Touch Bar and the modifier keys while this user is in front, and nothing else. Without it, every touch passes.</source>
+        <translation>許可があると、Barquellはこのユーザが操作している間だけTouch Barへのタッチと修飾キーを見ます。ほかのものは見ません。許可がなければ、タッチはすべて通ります。</translation>
+    </message>
+    <message>
+        <source>An administrator allowed it on %@.</source>
+        <translation>%@に管理者が許可しました。</translation>
+    </message>
+    <message>
+        <source>%@ may hold touches back</source>
+        <translation>%@はタッチを止められます</translation>
+    </message>
+    <message>
+        <source>%@ may not hold touches back</source>
+        <translation>%@はタッチを止められません</translation>
+    </message>
+    <message>
+        <source>Withdraw</source>
+        <translation>取り消す</translation>
+    </message>
+    <message>
+        <source>The permission could not be withdrawn: the service that holds the Touch Bar does not answer.</source>
+        <translation>許可を取り消せませんでした。Touch Barを管理するサービスが応答しません。</translation>
+    </message>
+    <message>
+        <source>The permission was not given: somebody declined, or there is nobody who can be asked.</source>
+        <translation>許可されませんでした。拒否されたか、確認できる人がいません。</translation>
     </message>
 </context>
 </TS>

@@ -44,10 +44,6 @@
         <translation>需要授权…</translation>
     </message>
     <message>
-        <source>Accessibility Settings…</source>
-        <translation>辅助功能设置…</translation>
-    </message>
-    <message>
         <source>Bypass the Frontmost App</source>
         <translation>排除最前面的应用</translation>
     </message>
@@ -98,10 +94,6 @@
     <message>
         <source>Authorization…</source>
         <translation>授权…</translation>
-    </message>
-    <message>
-        <source>Privacy settings of the system…</source>
-        <translation>系统隐私设置…</translation>
     </message>
     <message>
         <source>Apps:</source>
@@ -494,6 +486,42 @@
     <message>
         <source>Keep all copies running</source>
         <translation>保留所有副本运行</translation>
+    </message>
+    <message>
+        <source>Privacy Settings…</source>
+        <translation>隐私设置…</translation>
+    </message>
+    <message>
+        <source>Touch Bar Permission</source>
+        <translation>Touch Bar 权限</translation>
+    </message>
+    <message>
+        <source>With the permission, Barquell sees the touches on the Touch Bar and the modifier keys while this user is in front, and nothing else. Without it, every touch passes.</source>
+        <translation>获得权限后，Barquell 只在此用户位于前台时查看 Touch Bar 上的触摸和修饰键，不查看其他任何内容。没有权限时，所有触摸都会通过。</translation>
+    </message>
+    <message>
+        <source>An administrator allowed it on %@.</source>
+        <translation>管理员已于 %@ 允许。</translation>
+    </message>
+    <message>
+        <source>%@ may hold touches back</source>
+        <translation>%@ 可以拦截触摸</translation>
+    </message>
+    <message>
+        <source>%@ may not hold touches back</source>
+        <translation>%@ 不能拦截触摸</translation>
+    </message>
+    <message>
+        <source>Withdraw</source>
+        <translation>撤回</translation>
+    </message>
+    <message>
+        <source>The permission could not be withdrawn: the service that holds the Touch Bar does not answer.</source>
+        <translation>无法撤回权限：管理 Touch Bar 的服务没有响应。</translation>
+    </message>
+    <message>
+        <source>The permission was not given: somebody declined, or there is nobody who can be asked.</source>
+        <translation>未获得权限：有人拒绝，或者没有可以询问的人。</translation>
     </message>
 </context>
 </TS>

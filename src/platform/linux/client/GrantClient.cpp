@@ -11,9 +11,9 @@ GrantClient::GrantClient(QString socketPath) : _socketPath(std::move(socketPath)
 
 GrantClient::~GrantClient() = default;
 
-void GrantClient::request() {
+void GrantClient::request(Handler onOutcome) {
     if (!_underWay) {
-        begin(ClientMessageType::RequestGrant, {});
+        begin(ClientMessageType::RequestGrant, std::move(onOutcome));
     }
 }
 

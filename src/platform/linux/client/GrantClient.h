@@ -18,7 +18,7 @@ public:
 
     /// Has the system ask the person whether this user may filter, which may take minutes; nothing while
     /// that is under way. The outcome is logged in one line.
-    void request();
+    void request(Handler onOutcome = {});
 
     /// Gives the grant up, and takes a request back that is under way. The outcome is logged in one line.
     void withdraw(Handler onOutcome = {});

@@ -16,7 +16,7 @@ public:
     GrantTrust(grant::GrantFolder grants, DistributedNotifications &notifications);
 
     bool isProcessTrusted() const override { return reading().state == grant::State::Held; }
-    bool hasPrivacyPage() const override { return false; }
+    bool hasPrivacyPage() const override { return true; }
 
     /// This user's grant.
     grant::Reading reading() const;

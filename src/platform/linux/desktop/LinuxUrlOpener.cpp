@@ -10,15 +10,15 @@ const QString kProjectPage = QStringLiteral("https://vexolith.com/barquell");
 
 } // namespace
 
-LinuxUrlOpener::LinuxUrlOpener(std::function<void()> showAuthorization, Launcher launch)
-    : _showAuthorization(std::move(showAuthorization)), _launch(std::move(launch)) {}
+LinuxUrlOpener::LinuxUrlOpener(std::function<void()> showPrivacyPage, Launcher launch)
+    : _showPrivacyPage(std::move(showPrivacyPage)), _launch(std::move(launch)) {}
 
 bool LinuxUrlOpener::operator()(const QUrl &url) const {
     if (url.scheme() == QLatin1String("x-apple.systempreferences")) {
-        if (_showAuthorization) {
-            _showAuthorization();
+        if (_showPrivacyPage) {
+            _showPrivacyPage();
         }
-        return static_cast<bool>(_showAuthorization);
+        return static_cast<bool>(_showPrivacyPage);
     }
     if (!url.isValid() || url.scheme().isEmpty()) { // "--option" is no address
         return false;
