@@ -12,7 +12,7 @@ import time
 EV_SYN, EV_KEY, EV_ABS = 0, 1, 3
 SLOT, X, Y, TOOL, ID = 0x2F, 0x35, 0x36, 0x37, 0x39
 BTN_TOUCH, SYN_DROPPED = 0x14A, 3
-PATIENCE = 20.0  # seconds; emulated machines are slow, and only a failure waits so long
+PATIENCE = float(os.environ.get("BARQUELL_PATIENCE", "20"))  # seconds; machines are slow, and only a failure waits so long
 
 
 class Failure(Exception):
