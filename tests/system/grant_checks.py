@@ -5,10 +5,10 @@ import pwd
 import stat
 import subprocess
 
-from machine import GRANTS, SERVICE, Machine, mark, passes, require_blocked, state
-from people import Agent, Person, told
+from machine import GRANTS, SERVICE, Machine, passes, require_blocked, state
+from people import Person, told
 from reader import clones, until
-from touch_checks import MARK, require
+from touch_checks import require
 
 ADMINISTRATOR = "dora-s word"
 
@@ -98,10 +98,7 @@ def program_blocks_until_the_grant_is_withdrawn(machine: Machine) -> None:
     passes(machine.session.devices["bar"], machine.reader(machine.nodes["bar"]), 800)
     require(program.poll() is None, "the program has ended")
     require(granted_by(machine, machine.anna, ADMINISTRATOR) == "granted", "it was not granted again")
-    until("the bar is held again", clones)
-    again = machine.reader(machine.clone())
-    until("touches are held back again", lambda: program.read().count("Blocking is in force") >= 3)
-    require_blocked(machine, program, again)
+    require_blocked(machine, program, machine.held(machine.anna))
 
 
 def administrator_grants_and_withdraws_by_command(machine: Machine) -> None:
@@ -111,8 +108,7 @@ def administrator_grants_and_withdraws_by_command(machine: Machine) -> None:
     until("the clone has gone", lambda: not clones())
     passes(machine.session.devices["bar"], machine.reader(machine.nodes["bar"]), 800)
     machine.grant(machine.anna)
-    until("the bar is held again", clones)
-    require_blocked(machine, program, machine.reader(machine.clone()))
+    require_blocked(machine, program, machine.held(machine.anna))
 
 
 def grant_of_any_bytes_is_none(machine: Machine) -> None:
@@ -195,8 +191,7 @@ def stopped_polkit_disturbs_nobody(machine: Machine) -> None:
     asker = machine.asker(machine.bert, "request")
     asker.say("go")
     machine.anna.come_to_the_front()
-    until("the bar is held for anna", clones)
-    reader = machine.reader(machine.clone())
+    reader = machine.held(machine.anna)
     require_blocked(machine, program, reader)
     require("refused" not in asker.read(), f"it was answered: {asker.read()}")
     os.kill(int(polkit), 9)

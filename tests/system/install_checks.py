@@ -60,7 +60,7 @@ def clone_is_on_the_seat_of_the_bar(machine: Machine) -> None:
     """Where a program that draws the bar looks for it, and not on the desktop's seat."""
     machine.blocking(machine.anna)
     clone = machine.clone()
-    require("ID_SEAT=seat-touchbar" in told("udevadm", "info", clone), "its properties name another seat")
+    until("its properties name the seat", lambda: "ID_SEAT=seat-touchbar" in told("udevadm", "info", clone))
     of_bar, of_desktop = machine.closing(Seat("seat-touchbar")), machine.closing(Seat("seat0"))
     until("libinput finds it on the bar's seat", lambda: of_bar.has(clone))
     until("libinput finds the keyboard", lambda: of_desktop.has(machine.nodes["keyboard"]))

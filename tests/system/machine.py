@@ -1,13 +1,13 @@
 """The installed product, the devices, and what a check adds; made anew for each check."""
 
 import glob
+import json
 import os
 import shutil
 import subprocess
-import time
 
 from people import Agent, Person, Started, told
-from program import FN, let_go, hold, settle
+from program import FN, hold, let_go, settle
 from reader import EV_ABS, ID, X, Libinput, Reader, clones, held, until
 from session import Session
 from touch_checks import MARK, require, tap
@@ -115,16 +115,25 @@ class Machine:
     def program(self, person: Person, **environment: str) -> Program:
         return self.closing(Program(person, **environment))
 
-    def blocking(self, person: Person, plugged: bool = False):
+    def held(self, person: Person) -> Reader:
+        """Who reads the clone, once the bar is held for the person. A clone that has served stays for a moment."""
+
+        def grabbed() -> bool:
+            return json.loads(person.output("barquell", "status", "--json"))["barsGrabbed"] == 1
+
+        until(f"the bar is held for {person.name}", grabbed)
+        until("there is one clone", lambda: len(clones()) == 1)
+        return self.reader(self.clone())
+
+    def blocking(self, person: Person):
         """A bar, a keyboard, the person's program that holds touches back, and who reads the clone."""
-        if not plugged:
-            self.plug("keyboard", "keyboard")
-            self.plug("bar", "t2-bar")
+        self.plug("keyboard", "keyboard")
+        self.plug("bar", "t2-bar")
         if not self.granted(person):
             self.grant(person)
         program = self.program(person)
         program.blocks()
-        return program, self.reader(self.clone())
+        return program, self.held(person)
 
     def granted(self, person: Person) -> bool:
         return os.path.exists(f"{GRANTS}/{person.uid}")
@@ -173,9 +182,3 @@ def require_blocked(machine: Machine, program, reader: Reader, x: int = 1234) ->
 def require_nothing_held(machine: Machine) -> None:
     for node in [*clones(), *(machine.nodes[name] for name in machine.session.devices if name == "bar")]:
         require(set(held(node)) == {-1}, f"{node} holds {[value for value in held(node) if value != -1]}")
-
-
-def wait_seconds(seconds: float) -> float:
-    """Where the rule itself is one of time."""
-    time.sleep(seconds)
-    return seconds

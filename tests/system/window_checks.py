@@ -60,8 +60,7 @@ def window_leads_to_the_prompt_and_follows_the_grant(machine: Machine) -> None:
     display.press(REQUIRED, "Return")
     agent.answer("dora-s word", 2)
     display.window(COMPLETE)
-    until("the bar is held", clones)
-    require_blocked(machine, program, machine.reader(machine.clone()))
+    require_blocked(machine, program, machine.held(machine.anna))
 
     machine.withdraw(machine.anna)
     display.window(REQUIRED)
