@@ -8,7 +8,8 @@ import sys
 
 VERSION = 3
 WISHES = {"hello": 1, "request": 6, "withdraw": 7}
-ANSWERS = {1: "welcome", 3: "tap", 4: "frame", 5: "flags", 6: "disabled", 7: "bars", 8: "granted", 9: "withdrawn"}
+WELCOME = 1
+ANSWERS = {WELCOME: "welcome", 3: "tap", 4: "frame", 5: "flags", 6: "disabled", 7: "bars", 8: "granted", 9: "withdrawn"}
 REASONS = {1: "version", 2: "busy", 3: "malformed", 4: "not granted", 5: "denied", 6: "no answer", 7: "failed"}
 
 
@@ -24,4 +25,5 @@ def main() -> None:
     print("closed", flush=True)
 
 
-main()
+if __name__ == "__main__":
+    main()
