@@ -67,6 +67,7 @@ class Machine:
         self.server = Service()
         self.nodes: dict = {}
         self.session = Session(self.nodes.__setitem__)
+        self.marks = 0
         self._closing: list = []
         self._since = told("journalctl", "-n", "0", "--show-cursor", "-q").split("cursor: ")[-1].strip()
 
@@ -173,23 +174,27 @@ def passes(bar, reader: Reader, x: int) -> None:
     reader.expect(EV_ABS, X, x)
 
 
-def mark(machine: Machine, program, reader: Reader) -> None:
-    """A touch under Fn, which passes; what came before it would have been seen as well."""
+def mark(machine: Machine, program, reader: Reader) -> int:
+    """A touch under Fn, which passes; what came before it would have been seen as well. Where it was: each has a place
+    of its own, since the kernel does not repeat what a finger before it has said."""
     bar, keyboard = machine.session.devices["bar"], machine.session.devices["keyboard"]
+    machine.marks += 1
+    place = MARK + machine.marks
     settle(machine.server.process, program.process)
     hold(program, keyboard, FN)
     count = reader.values(EV_ABS, ID).count(-1)
-    tap(bar, MARK)
-    reader.expect(EV_ABS, X, MARK)
+    tap(bar, place)
+    reader.expect(EV_ABS, X, place)
     until("the mark has lifted", lambda: reader.values(EV_ABS, ID).count(-1) > count)
     let_go(program, keyboard, FN)
+    return place
 
 
 def require_blocked(machine: Machine, program, reader: Reader, x: int = 1234) -> None:
     reader.forget()
     tap(machine.session.devices["bar"], x)
-    mark(machine, program, reader)
-    require(reader.values(EV_ABS, X) == [MARK], f"the clone sent {reader.values(EV_ABS, X)}")
+    place = mark(machine, program, reader)
+    require(reader.values(EV_ABS, X) == [place], f"the clone sent {reader.values(EV_ABS, X)}")
 
 
 def require_nothing_held(machine: Machine) -> None:

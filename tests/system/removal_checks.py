@@ -25,7 +25,7 @@ def gone(how: str) -> None:
     subprocess.run(["dpkg", how, PACKAGE], check=True, capture_output=True)
     require(state(SERVICE) == "inactive", f"the service is {state(SERVICE)}")
     require(state(SOCKET_UNIT) == "inactive", f"the socket is {state(SOCKET_UNIT)}")
-    require(told("systemctl", "list-unit-files", "barquell*", "-q", "--no-legend").strip() == "", "there is still a unit")
+    require(told("systemctl", "list-unit-files", "barquell-tapd*", "-q", "--no-legend").strip() == "", "there is still a unit")
     require(not os.path.exists("/var/lib/barquell"), "the grants are still there")
     require(not os.path.exists("/run/barquell"), "the socket's folder is still there")
 

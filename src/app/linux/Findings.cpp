@@ -8,6 +8,8 @@
 #include "platform/Platform.h"
 #include "platform/linux/session/RunningCopy.h"
 
+#include <QFile>
+
 #include <unistd.h>
 
 namespace barquell {
@@ -21,6 +23,13 @@ void readSettings(Findings &findings) {
     registerDefaults(settings);
     findings.enabled = settings.boolForKey(QStringLiteral("Enabled"));
     findings.launchAtStart = settings.boolForKey(QStringLiteral("LaunchAtStart"));
+}
+
+/// Who has no grant would only be told so, by a server that may have to be started for that.
+std::variant<protocol::ServerMessage, ProbeFailure> askAs(const grant::Reading &grant) {
+    const QString socket = tapServerSocket();
+    const bool mayAsk = grant.state == grant::State::Held || !QFile::exists(socket);
+    return mayAsk ? probeServer(socket, 1s) : ProbeFailure::NotGranted;
 }
 
 } // namespace
@@ -85,7 +94,7 @@ Findings lookAround() {
     readSettings(findings);
     findings.grant = thisMachinesGrants().read(::getuid());
     findings.service = isServiceInstalled();
-    findings.server = probeServer(tapServerSocket(), 1s);
+    findings.server = askAs(findings.grant);
     return findings;
 }
 
