@@ -121,6 +121,17 @@ TEST_F(GrantClientTest, TheHandlerMayAskForMore) {
     EXPECT_TRUE(client.isUnderWay());
 }
 
+TEST_F(GrantClientTest, AnOutcomeThatComesAfterTheNextWishBeganIsDropped) {
+    server.die();
+    client.request(); // it cannot be made, which is told later
+    server.listen();
+    withdraw();
+    place().loop.runPending();
+    EXPECT_TRUE(client.isUnderWay());
+    EXPECT_THAT(outcomes, IsEmpty());
+    EXPECT_THAT(log.lines, IsEmpty());
+}
+
 TEST_F(GrantClientTest, AClientThatGoesTellsNobody) {
     {
         GrantClient short_lived(server.path());

@@ -66,6 +66,10 @@ TEST_F(GrantTrustTest, AFolderThatComesLaterOrIsMadeAnewIsNoticed) {
     const GrantTrust trust = this->trust();
     EXPECT_EQ(grants.give(::getuid()), "");
     EXPECT_TRUE(isTold());
+    EXPECT_EQ(grants.withdraw(::getuid()), "");
+    EXPECT_TRUE(isTold()) << "the folder itself is watched by now";
+    EXPECT_EQ(grants.give(::getuid()), "");
+    EXPECT_TRUE(isTold());
     ASSERT_TRUE(QDir(home.filePath(QStringLiteral("lib"))).removeRecursively());
     EXPECT_TRUE(isTold());
     EXPECT_FALSE(trust.isProcessTrusted());
