@@ -37,14 +37,6 @@ std::optional<qint64> RunningProgram::processId() const {
     return reply.arguments().constFirst().toLongLong();
 }
 
-RunningProgram::Outcome RunningProgram::toggleTouchBar() {
-    return call(Bundle::mainBundleIdentifier(), QStringLiteral("ToggleTouchBar"), {});
-}
-
-RunningProgram::Outcome RunningProgram::setTouchBarActive(bool active) {
-    return call(Bundle::mainBundleIdentifier(), QStringLiteral("SetTouchBarActive"), {active});
-}
-
 RunningProgram::Outcome RunningProgram::show() {
     return call(QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"), {QVariantMap()});
 }

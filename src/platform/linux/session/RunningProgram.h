@@ -31,9 +31,6 @@ public:
     /// The process that owns the program's name, if any does.
     std::optional<qint64> processId() const;
 
-    Outcome toggleTouchBar();
-    Outcome setTouchBarActive(bool active);
-
     /// As a launcher does that starts it again.
     Outcome show();
 
