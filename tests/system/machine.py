@@ -94,8 +94,8 @@ class Machine:
     def log(self, unit: str = SERVICE) -> list:
         """What a unit has said in this check."""
         told("journalctl", "--sync")
-        return told("journalctl", "-q", "-o", "cat", "-u", unit, "_TRANSPORT=syslog", "+", "_TRANSPORT=stdout",
-                    f"_SYSTEMD_UNIT={unit}", "--after-cursor", self._since).splitlines()
+        match = f"_SYSTEMD_UNIT={unit}"
+        return told("journalctl", "-q", "-o", "cat", match, "--after-cursor", self._since).splitlines()
 
     def start(self, person: Person, *command: str, **options) -> Started:
         return self.closing(person.start(*command, **options))
