@@ -61,14 +61,17 @@ void Taps::frame(BarRelay &bar, const BarFrame &frame, Time now) {
         bar.pass(frame.contacts, frame.time, frame.timestamp);
         return;
     }
-    if (_queue.isFull() || !_acting->owner->tell(messageOf(frame))) {
+    Client &owner = *_acting->owner;
+    const std::uint64_t number = owner.lastFrame() + 1;
+    if (_queue.isFull() || !owner.tell(messageOf(frame, number))) {
         // So much unread can only be a client that does not answer.
         disableByTimeout();
         bar.pass(frame.contacts, frame.time, frame.timestamp);
         return;
     }
     PendingFrame &pending = _queue.push();
-    pending.number = ++_lastNumber;
+    owner.setLastFrame(number);
+    pending.number = number;
     pending.sent = now;
     pending.bar = &bar;
     pending.contacts = frame.contacts;
@@ -76,10 +79,10 @@ void Taps::frame(BarRelay &bar, const BarFrame &frame, Time now) {
     pending.timestamp = frame.timestamp;
 }
 
-protocol::ServerMessage Taps::messageOf(const BarFrame &frame) const {
+protocol::ServerMessage Taps::messageOf(const BarFrame &frame, std::uint64_t number) const {
     protocol::ServerMessage message;
     message.type = protocol::ServerMessageType::Frame;
-    message.frame = _lastNumber + 1;
+    message.frame = number;
     message.flags = _state.flags;
     for (const evdev::Touch &touch : frame.touches.touches()) {
         ++message.touchCounts.at(static_cast<std::size_t>(std::countr_zero(touch.phase)));
@@ -90,14 +93,15 @@ protocol::ServerMessage Taps::messageOf(const BarFrame &frame) const {
     return message;
 }
 
-/// Is no verdict awaited on the frame any more, though there was such a frame?
-bool Taps::isPast(std::uint64_t frame) const {
-    return frame > 0 && frame <= _lastNumber && (_queue.isEmpty() || frame < _queue.front().number);
+/// Is no verdict of the client awaited on the frame any more, though it was told of such a frame?
+bool Taps::isPast(const Client &client, std::uint64_t frame) const {
+    const bool waits = actsFor(client) && !_queue.isEmpty();
+    return frame > 0 && frame <= client.lastFrame() && (!waits || frame < _queue.front().number);
 }
 
 bool Taps::judge(const Client &client, std::uint64_t frame, bool pass) {
     if (!actsFor(client) || _queue.isEmpty() || frame != _queue.front().number) {
-        return isPast(frame);
+        return isPast(client, frame);
     }
     const PendingFrame &pending = _queue.front();
     if (pending.bar && pass) {

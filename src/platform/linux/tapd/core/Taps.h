@@ -58,16 +58,15 @@ private:
     };
 
     Tap *tapOf(const Client &client) const;
-    bool isPast(std::uint64_t frame) const;
-    protocol::ServerMessage messageOf(const BarFrame &frame) const;
+    bool isPast(const Client &client, std::uint64_t frame) const;
+    protocol::ServerMessage messageOf(const BarFrame &frame, std::uint64_t number) const;
     void passAll();
     void disableByTimeout();
 
     const PublicState &_state;
     std::vector<std::unique_ptr<Tap>> _taps; // in the order of their beginnings
     Tap *_acting = nullptr;
-    FrameQueue _queue;             // all out to the tap that acts
-    std::uint64_t _lastNumber = 0; // of any tap: never starts again, so a late verdict is known as such
+    FrameQueue _queue; // all out to the tap that acts
 };
 
 } // namespace barquell::tapd
