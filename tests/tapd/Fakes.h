@@ -52,9 +52,11 @@ private:
 class FakeGrants final : public tapd::GrantPort {
 public:
     grant::Reading read(std::uint32_t user) override {
+        looked.push_back(user);
         const auto reading = readings.find(user);
         return reading == readings.end() ? grant::Reading() : reading->second;
     }
+    bool canGive(std::uint32_t user) override { return !nameless.contains(user); }
     std::string give(std::uint32_t user) override {
         if (problem.empty()) {
             readings[user] = {grant::State::Held, {}};
@@ -69,7 +71,9 @@ public:
     }
 
     std::map<std::uint32_t, grant::Reading> readings;
-    std::string problem; ///< of every change
+    std::set<std::uint32_t> nameless;
+    std::vector<std::uint32_t> looked; ///< whose grants were read
+    std::string problem;               ///< of every change
 };
 
 /// A person who says nothing by itself.

@@ -290,6 +290,32 @@ TEST_F(FrontTest, AWelcomeNamesTheOwnTapBeforeTheOneThatActs) {
     EXPECT_EQ(second.heard.at(0).holder, 99);
 }
 
+TEST_F(FrontTest, AGrantThatEndedUntoldEndsTheClientWhenTheFrontChanges) {
+    startTapping();
+    grants.readings[client.uid] = {grant::State::Invalid, "its grant names somebody else"}; // deleted
+    behind();
+    expectRefused(client, Refusal::NotGranted);
+    EXPECT_TRUE(client.closed);
+}
+
+TEST_F(FrontTest, TheUserInFrontFindsRoomBesideAnyNumberOfOthers) {
+    std::vector<std::unique_ptr<FakeLink>> links;
+    for (std::size_t i = 0; i < tapd::TapServer::kMaximumClients; ++i) {
+        links.push_back(std::make_unique<FakeLink>());
+        links.back()->uid = 2000 + static_cast<std::uint32_t>(i);
+        connect(*links.back());
+    }
+    connect(other);
+    expectRefused(other, Refusal::Busy);
+    std::vector<std::unique_ptr<FakeLink>> own;
+    for (std::size_t i = 0; i < tapd::TapServer::kMaximumClientsOfAUser; ++i) {
+        hello(*own.emplace_back(std::make_unique<FakeLink>()));
+        EXPECT_FALSE(own.back()->closed);
+    }
+    connect(client);
+    expectRefused(client, Refusal::Busy);
+}
+
 TEST_F(FrontTest, WhatIsSaidAgainChangesNothing) {
     startTapping();
     const auto lines = log.lines.size();

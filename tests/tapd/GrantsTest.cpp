@@ -102,6 +102,23 @@ TEST_F(GrantsTest, AGrantThatCannotBeWrittenIsNone) {
     EXPECT_THAT(log.lines, Contains("cannot give a grant: no space"));
 }
 
+TEST_F(GrantsTest, AUserWithoutANameIsNotAskedAbout) {
+    grants.nameless.insert(asking.uid);
+    request(asking);
+    expectRefused(asking, Refusal::Failed);
+    EXPECT_TRUE(asking.closed);
+    EXPECT_THAT(authority.asked, IsEmpty());
+    EXPECT_THAT(log.lines, ElementsAre("a client: refused a question, its user has no name"));
+}
+
+TEST_F(GrantsTest, AWithdrawalOfNothingLooksAtNobodyElse) {
+    hello(client);
+    grants.looked.clear();
+    withdraw(asking);
+    EXPECT_THAT(asking.takeTypes(), ElementsAre(ServerMessageType::Withdrawn));
+    EXPECT_THAT(grants.looked, ElementsAre(asking.uid));
+}
+
 TEST_F(GrantsTest, AnAuthorityThatNeverAnswersIsWaitedForSoLongAndDisturbsNobody) {
     startTapping();
     request(asking);

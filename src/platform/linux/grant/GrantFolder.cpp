@@ -145,9 +145,13 @@ std::string GrantFolder::make() const {
     return {};
 }
 
-std::string GrantFolder::give(uid_t user) const {
+std::optional<std::string> GrantFolder::textFor(uid_t user) {
     const auto name = nameOf(user);
-    const auto text = name ? grantText(*name) : std::nullopt;
+    return name ? grantText(*name) : std::nullopt;
+}
+
+std::string GrantFolder::give(uid_t user) const {
+    const auto text = textFor(user);
     if (!text) {
         return "user " + std::to_string(user) + " has no name";
     }

@@ -37,6 +37,9 @@ public:
     /// Creates the folder where it is missing. Returns why it failed; empty on success.
     std::string make() const;
 
+    /// Has the user a name, and one that a grant can carry?
+    static bool canGive(uid_t user) { return textFor(user).has_value(); }
+
     /// Writes the user's grant, all of it or none. Returns why it failed; empty on success.
     std::string give(uid_t user) const;
 
@@ -44,6 +47,7 @@ public:
     std::string withdraw(uid_t user) const;
 
 private:
+    static std::optional<std::string> textFor(uid_t user);
     std::string fileOf(uid_t user) const { return _path + '/' + std::to_string(user); }
 
     std::string _path;

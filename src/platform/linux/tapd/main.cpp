@@ -23,7 +23,7 @@ int serve(const Options &options) {
     const std::string path = listener->path();
     Daemon daemon(std::move(*listener), grantsOf(options), log);
     if (!daemon.start()) {
-        log.line("cannot watch for input devices");
+        log.line("cannot start: the kernel grants no watch for devices, signals, time or clients");
         return 1;
     }
     if (handedOver) {

@@ -40,8 +40,8 @@ public:
     /// What the client may know of the process that has the tap; see protocol::kAnotherUser.
     std::int32_t processFor(const Client &asking) const;
 
-    /// The number of the last frame that it was told of. It counts its own alone, or it would follow how often
-    /// others touch; and it never starts again, so a late verdict is known as such.
+    /// The number of the last frame that it was told of. It counts its own alone, or it would follow how
+    /// often others touch; and it never starts again, so a late verdict is known as such.
     std::uint64_t lastFrame() const { return _lastFrame; }
     void setLastFrame(std::uint64_t number) { _lastFrame = number; }
 

@@ -10,17 +10,20 @@ using protocol::ServerMessageType;
 namespace {
 
 GrantDesk::Reply refused(Refusal reason, std::string_view why) {
-    return {ServerMessageType::Refused, reason, why};
+    return {ServerMessageType::Refused, reason, why, false};
 }
 
 } // namespace
 
 std::optional<GrantDesk::Reply> GrantDesk::request(const Client &client, Time now) {
     if (isGranted(client)) {
-        return Reply{ServerMessageType::Granted, {}, "asked for the grant that its user has"};
+        return Reply{ServerMessageType::Granted, {}, "asked for the grant that its user has", false};
     }
     if (!hasRoomFor(client)) {
         return refused(Refusal::Busy, "refused a question, enough are out");
+    }
+    if (!_grants.canGive(client.user())) {
+        return refused(Refusal::Failed, "refused a question, its user has no name");
     }
     if (!_authority.ask(client.link())) {
         return noAnswer();
@@ -45,7 +48,7 @@ GrantDesk::Reply GrantDesk::withdraw(const Client &client) {
     if (was) {
         _log.line(client.link().name() + ": gave its user's grant up");
     }
-    return {ServerMessageType::Withdrawn, {}, {}};
+    return {ServerMessageType::Withdrawn, {}, {}, was};
 }
 
 GrantDesk::Reply GrantDesk::answered(const Client &client, Answer answer) {
@@ -62,7 +65,7 @@ GrantDesk::Reply GrantDesk::answered(const Client &client, Answer answer) {
         return refused(Refusal::Failed, "the grant was not given");
     }
     _log.line(client.link().name() + ": its user was granted to filter");
-    return {ServerMessageType::Granted, {}, {}};
+    return {ServerMessageType::Granted, {}, {}, false};
 }
 
 GrantDesk::Reply GrantDesk::noAnswer() {

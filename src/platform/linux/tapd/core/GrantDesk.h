@@ -19,6 +19,7 @@ public:
         protocol::ServerMessageType type{};
         protocol::Refusal reason{}; ///< where it is refused
         std::string_view why{};     ///< a literal for the log
+        bool endsGrant = false;     ///< there was one until now
     };
 
     grant::Reading read(const Client &client) { return _grants.read(client.user()); }

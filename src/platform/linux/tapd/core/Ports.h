@@ -61,6 +61,9 @@ class GrantPort {
 public:
     virtual grant::Reading read(std::uint32_t user) = 0;
 
+    /// Has the user a name, for a grant to carry?
+    virtual bool canGive(std::uint32_t user) = 0;
+
     /// Why it failed; empty on success.
     virtual std::string give(std::uint32_t user) = 0;
     virtual std::string withdraw(std::uint32_t user) = 0;

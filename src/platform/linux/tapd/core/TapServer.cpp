@@ -34,11 +34,14 @@ void TapServer::connected(ClientLink &link, Time now) {
     _clients.push_back(std::make_unique<Client>(client));
 }
 
+/// Whoever is in front finds room, however many others have come.
 bool TapServer::hasRoomFor(const ClientLink &link) const {
+    const bool isAtTheMachine = _front == Front::of(link.user());
     const auto ofTheUser = std::count_if(_clients.begin(), _clients.end(), [&link](const auto &client) {
         return client->user() == link.user();
     });
-    return _clients.size() < kMaximumClients && static_cast<std::size_t>(ofTheUser) < kMaximumClientsOfAUser;
+    return (isAtTheMachine || _clients.size() < kMaximumClients) &&
+           static_cast<std::size_t>(ofTheUser) < kMaximumClientsOfAUser;
 }
 
 /// Once, until the user's clients fare better.
@@ -86,8 +89,11 @@ void TapServer::handleFirst(Client &client, ClientMessageType word, Time now) {
     }
     client.asks();
     if (word == ClientMessageType::WithdrawGrant) {
-        reply(client, _desk.withdraw(client), now);
-        grantsChanged(now);
+        const GrantDesk::Reply answer = _desk.withdraw(client);
+        reply(client, answer, now);
+        if (answer.endsGrant) { // or users would be looked up for anybody's asking
+            grantsChanged(now);
+        }
     } else if (const auto known = _desk.request(client, now)) {
         reply(client, *known, now);
     }
@@ -176,7 +182,7 @@ void TapServer::grantsChanged(Time now) {
         [&](Client &client) { refuse(client, Refusal::NotGranted, "dropped, its grant has ended", now); });
     forEachThat([this](const Client &client) { return client.isAsking() && _desk.isGranted(client); },
                 [&](Client &client) {
-                    reply(client, {ServerMessageType::Granted, {}, {}}, now);
+                    reply(client, {ServerMessageType::Granted, {}, {}, false}, now);
                 });
     publish();
 }
@@ -193,7 +199,7 @@ void TapServer::frontChanged(const Front &front, Time now) {
     _taps.choose();
     _bars.retry(now);
     updateWanted(now);
-    publish();
+    grantsChanged(now); // nobody tells of a user that was deleted
 }
 
 void TapServer::refuse(Client &client, Refusal reason, std::string_view why, Time now) {

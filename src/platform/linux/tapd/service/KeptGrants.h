@@ -18,6 +18,7 @@ public:
     bool follow();
 
     grant::Reading read(std::uint32_t user) override { return _folder.read(user); }
+    bool canGive(std::uint32_t user) override { return grant::GrantFolder::canGive(user); }
     std::string give(std::uint32_t user) override;
     std::string withdraw(std::uint32_t user) override { return _folder.withdraw(user); }
 
