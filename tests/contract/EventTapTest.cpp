@@ -37,6 +37,8 @@ Event *dropTheTap(EventType type, Event *event) {
 
 class EventTapContract : public Contract {
 protected:
+    EventTapContract() { seen().clear(); }
+
     /// On a place that lets us.
     void install(EventTapCallback callback = pass) {
         tap = pieces.eventTaps->create(kMask, callback);

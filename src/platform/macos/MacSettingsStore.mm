@@ -21,9 +21,11 @@
                       ofObject:(id)object
                         change:(NSDictionary *)change
                        context:(void *)context {
-    if (self.changed) {
-        barquell::RunLoop::main().performAsync(self.changed); // told on whichever thread wrote
-    }
+    barquell::RunLoop::main().performAsync([self] { // told on whichever thread wrote
+        if (self.changed) {
+            self.changed();
+        }
+    });
 }
 
 @end

@@ -1,7 +1,6 @@
 #include "contract/ContractPlace.h"
 #include "platform/AccessibilityTrust.h"
 #include "platform/SettingsStore.h"
-#include "platform/macos/MacPlatform.h"
 
 #include <QCoreApplication>
 #include <QProcess>
@@ -15,15 +14,15 @@ void runDefaults(const QStringList &arguments) {
     EXPECT_EQ(QProcess::execute(QStringLiteral("/usr/bin/defaults"), arguments), 0);
 }
 
-/// This Mac. Its settings are those of the test program, which is no bundle and so has its name for a domain.
-/// The permission, the keys and the bar are a person's.
+/// This Mac, which main() has made. Its settings are those of the test program, which is no bundle and so has
+/// its name for a domain. The permission, the keys and the bar are a person's.
 class MacPlace final : public ContractPlace {
 public:
-    MacPlace() {
-        installMac(_domain, {QStringLiteral("key"), QStringLiteral("other")});
+    MacPlace() { platform().settingsStore->removeDomain(); }
+    ~MacPlace() override {
+        platform().settingsStore->watch(nullptr); // it outlives what a test gave it
         platform().settingsStore->removeDomain();
     }
-    ~MacPlace() override { platform().settingsStore->removeDomain(); }
     Q_DISABLE_COPY_MOVE(MacPlace)
 
     Platform pieces() override { return platform(); }
