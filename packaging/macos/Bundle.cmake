@@ -18,6 +18,9 @@ function(barquell_bundle target)
     MACOSX_BUNDLE_INFO_PLIST ${packaging}/macos/launcher/Info.plist.in)
   target_compile_options(BarquellLauncher PRIVATE -fobjc-arc)
   target_link_libraries(BarquellLauncher PRIVATE barquell_flags "-framework AppKit")
+  # The copy below is made when the program is linked: a new helper has it linked again.
+  set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS
+    $<TARGET_FILE:BarquellLauncher> ${packaging}/macos/launcher/Info.plist.in)
   add_dependencies(${target} BarquellLauncher)
   add_custom_command(TARGET ${target} POST_BUILD
     COMMAND ${CMAKE_COMMAND} -E copy_directory $<TARGET_BUNDLE_DIR:BarquellLauncher>

@@ -16,6 +16,11 @@ NSURL *surroundingApplication() {
 
 int main() {
     @autoreleasepool {
+        // Barquell may be back already, with the windows of the last session; opened again it would show one.
+        NSString *barquell = @"com.vexolith.barquell";
+        if ([[NSRunningApplication runningApplicationsWithBundleIdentifier:barquell] count] > 0) {
+            return 0;
+        }
         NSWorkspaceOpenConfiguration *configuration = [NSWorkspaceOpenConfiguration configuration];
         [configuration setActivates:NO];
         [configuration setEnvironment:@{@"FromLoginItem" : @"1"}];
