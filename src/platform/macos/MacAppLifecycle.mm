@@ -28,6 +28,20 @@ using barquell::AppLifecycleDelegate;
 
 namespace barquell {
 
+namespace {
+
+/// Qt's menu of the application has a Quit of its own that takes Command-Q before our windows hear of it;
+/// whether that key quits is for our own item to say.
+void giveUpTheMenusQuitKey() {
+    for (NSMenuItem *item in [[[[[NSApp mainMenu] itemArray] firstObject] submenu] itemArray]) {
+        if ([item action] == @selector(terminate:)) {
+            [item setKeyEquivalent:@""];
+        }
+    }
+}
+
+} // namespace
+
 struct MacAppLifecycle::Native {
     BarquellApplicationDelegate *delegate =
         [[BarquellApplicationDelegate alloc] init]; // NSApp holds it weakly
@@ -40,6 +54,7 @@ MacAppLifecycle::MacAppLifecycle() : _native(std::make_unique<Native>()) {
     _native->launched = std::make_unique<CenterObservation>(
         [NSNotificationCenter defaultCenter], NSApplicationDidFinishLaunchingNotification, nil,
         [this](NSNotification *) {
+            giveUpTheMenusQuitKey();
             if (_delegate) {
                 _delegate->applicationDidFinishLaunching();
             }

@@ -23,10 +23,17 @@ NSImage *nativeImage(const QIcon &icon, QSize size) {
 }
 
 QIcon iconFromNative(NSImage *image) {
-    QPixmap pixmap;
-    if (!image || !pixmap.loadFromData(QByteArray::fromNSData([image TIFFRepresentation]))) {
+    // As PNG, which Qt reads everywhere.
+    const NSSize size = [image size];
+    NSRect pixels = NSMakeRect(0, 0, size.width * screenScale(), size.height * screenScale());
+    CGImageRef picture = [image CGImageForProposedRect:&pixels context:nil hints:nil];
+    if (!picture) {
         return {};
     }
+    NSBitmapImageRep *bitmap = [[NSBitmapImageRep alloc] initWithCGImage:picture];
+    NSData *png = [bitmap representationUsingType:NSBitmapImageFileTypePNG properties:@{}];
+    QPixmap pixmap;
+    pixmap.loadFromData(QByteArray::fromNSData(png));
     return QIcon(pixmap);
 }
 

@@ -4,7 +4,7 @@
 #import <Foundation/Foundation.h>
 #import <QuartzCore/QuartzCore.h>
 
-@class NSMenu, NSView, NSWindow, NSImage, NSApplication;
+@class NSMenu, NSView, NSWindow, NSImage, NSApplication, NSGraphicsContext;
 
 extern "C" {
 extern NSNotificationName const NSWorkspaceDidActivateApplicationNotification;
@@ -72,7 +72,18 @@ typedef enum NSApplicationActivationPolicy : NSInteger {
 - (void)rightMouseDown:(NSEvent *)event;
 @end
 
+@interface NSMenuItem : NSObject
+@property SEL action;
+@property(copy) NSString *keyEquivalent;
+@property(strong) NSMenu *submenu;
+@end
+
+@interface NSMenu : NSObject
+@property(copy) NSArray *itemArray;
+@end
+
 @interface NSApplication : NSResponder
+@property(strong) NSMenu *mainMenu;
 @property(class, readonly, strong) NSApplication *sharedApplication;
 @property(weak) id<NSApplicationDelegate> delegate;
 @property(readonly, strong) NSEvent *currentEvent;
@@ -112,7 +123,16 @@ typedef enum NSApplicationActivationPolicy : NSInteger {
 @property NSSize size;
 - (BOOL)isTemplate;
 - (void)setTemplate:(BOOL)isTemplate;
-@property(readonly, copy) NSData *TIFFRepresentation;
+- (CGImageRef)CGImageForProposedRect:(NSRect *)proposedDestRect
+                             context:(NSGraphicsContext *)referenceContext
+                               hints:(NSDictionary *)hints;
+@end
+
+typedef enum NSBitmapImageFileType : NSUInteger { NSBitmapImageFileTypePNG = 4 } NSBitmapImageFileType;
+
+@interface NSBitmapImageRep : NSObject
+- (instancetype)initWithCGImage:(CGImageRef)cgImage;
+- (NSData *)representationUsingType:(NSBitmapImageFileType)storageType properties:(NSDictionary *)properties;
 @end
 
 @interface NSScreen : NSObject

@@ -19,6 +19,7 @@ typedef struct CGRect {
     CGSize size;
 } CGRect;
 
+typedef struct CGImage *CGImageRef;
 typedef struct __CGEvent *CGEventRef;
 typedef struct __CGEventTapProxy *CGEventTapProxy;
 typedef uint64_t CGEventMask;
