@@ -7,16 +7,20 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 namespace barquell::test {
 namespace {
 
 using testing::HasSubstr;
+using testing::Not;
 
 /// All as it should be.
 Findings sound() {
     Findings findings;
     findings.processId = 77;
     findings.enabled = true;
+    findings.hasDisplay = true;
     findings.grant.state = grant::State::Held;
     findings.service = true;
     findings.server = protocol::ServerMessage{.type = protocol::ServerMessageType::Welcome,
@@ -35,6 +39,12 @@ Check find(const Findings &findings, const char *what) {
     }
     ADD_FAILURE() << "no check: " << what;
     return {};
+}
+
+bool isChecked(const Findings &findings, const char *what) {
+    const QList<Check> checks = checkBlocking(findings);
+    return std::any_of(checks.begin(), checks.end(),
+                       [what](const Check &check) { return check.what.startsWith(QLatin1String(what)); });
 }
 
 /// The complaint, and the command that mends it.
@@ -57,6 +67,18 @@ TEST(BlockingChecksTest, AMissingGrantIsGivenByItsCommand) {
     findings.grant.state = grant::State::None;
     findings.server = ProbeFailure::NotGranted;
     expectMissing(findings, kGranted, "sudo barquell-tapd --grant $(id -un)");
+    EXPECT_THAT(find(findings, kGranted).mend.toStdString(), HasSubstr("barquell show"));
+    findings.hasDisplay = false;
+    EXPECT_THAT(find(findings, kGranted).mend.toStdString(), Not(HasSubstr("barquell show")));
+}
+
+TEST(BlockingChecksTest, AServerThatWasNotAskedIsOnlyThere) {
+    Findings findings = sound();
+    findings.grant.state = grant::State::None;
+    findings.server = ProbeFailure::NotGranted;
+    EXPECT_TRUE(find(findings, "the tap server is there").good);
+    EXPECT_FALSE(isChecked(findings, "the tap server answers"));
+    findings.grant.state = grant::State::Held; // then it was asked
     EXPECT_TRUE(find(findings, "the tap server answers this user").good);
 }
 
@@ -77,6 +99,8 @@ TEST(BlockingChecksTest, AnotherUserInFrontIsSaid) {
     Findings findings = sound();
     std::get<protocol::ServerMessage>(findings.server).inFront = 0;
     expectMissing(findings, "this user is the one in front", "loginctl activate");
+    EXPECT_FALSE(isChecked(findings, "the Touch Bar is held")) << "it is held for somebody else";
+    EXPECT_TRUE(isChecked(sound(), "the Touch Bar is held"));
 }
 
 TEST(BlockingChecksTest, AnAbsentServerIsStartedByTheServiceManagerWhereThatKnowsIt) {
@@ -85,7 +109,7 @@ TEST(BlockingChecksTest, AnAbsentServerIsStartedByTheServiceManagerWhereThatKnow
     expectMissing(findings, "the tap server is there", "systemctl enable --now barquell-tapd.socket");
     findings.service = false;
     expectMissing(findings, "the tap server is there", "sudo barquell-tapd --group");
-    expectMissing(findings, "the tap server is installed as a service", "install");
+    expectMissing(findings, "the tap server is installed as a service", "sudo apt install ./build/packages/");
 }
 
 TEST(BlockingChecksTest, ASilentOrForbiddenServerIsStartedAnew) {

@@ -25,6 +25,13 @@ TEST(ServerProbeTest, AServerThatIsNotThereIsAbsent) {
     EXPECT_EQ(failureOf(QStringLiteral("/nowhere/tap.sock")), ProbeFailure::Absent);
 }
 
+TEST(ServerProbeTest, TheWayToAServerIsLookedAtWithoutAWordToIt) {
+    EXPECT_EQ(obstacleTo(QStringLiteral("/nowhere/tap.sock")), ProbeFailure::Absent);
+    FakeServer server;
+    EXPECT_EQ(obstacleTo(server.path()), std::nullopt);
+    EXPECT_FALSE(server.isCalled());
+}
+
 TEST(ServerProbeTest, AServerThatDoesNotAnswerIsSilent) {
     FakeServer server;
     EXPECT_EQ(failureOf(server.path()), ProbeFailure::Silent);

@@ -13,13 +13,15 @@ constexpr const char *kByHand = "sudo barquell-tapd --group $(id -gn)";
 /// Where systemd has the socket, the server comes with its first client.
 Check checkService(bool installed) {
     return {QStringLiteral("the tap server is installed as a service"), installed,
-            QStringLiteral("install Barquell's packages, or run the server by hand: ") +
-                QLatin1String(kByHand)};
+            installPackage() + QStringLiteral("; or run the server by hand: ") + QLatin1String(kByHand)};
 }
 
 /// The way to the server: the first thing that fails hides what lies behind it.
 Check checkServer(const Findings &findings) {
     const auto *why = std::get_if<ProbeFailure>(&findings.server);
+    if (why && *why == ProbeFailure::NotGranted && findings.grant.state != grant::State::Held) {
+        return {QStringLiteral("the tap server is there"), true, {}}; // it was not asked
+    }
     if (!why || *why == ProbeFailure::NotGranted) {
         return {QStringLiteral("the tap server answers this user"), true, {}};
     }
@@ -55,8 +57,10 @@ Check checkGrant(const Findings &findings) {
                     .arg(QString::fromUtf8(findings.grant.problem.data(),
                                            static_cast<qsizetype>(findings.grant.problem.size())));
     }
+    const QString inTheWindow =
+        findings.hasDisplay ? QStringLiteral("barquell show, and allow it there; or: ") : QString();
     return {what, findings.grant.state == grant::State::Held && !refused,
-            QStringLiteral("barquell show, and allow it there; or: sudo barquell-tapd --grant $(id -un)")};
+            inTheWindow + QStringLiteral("sudo barquell-tapd --grant $(id -un)")};
 }
 
 Check checkHolder(const TapHolder &holder) {
@@ -81,6 +85,11 @@ Check checkSettings() {
 
 } // namespace
 
+QString installPackage() {
+    return QStringLiteral(
+        "in Barquell's folder: tools/package && sudo apt install ./build/packages/barquell_*.deb");
+}
+
 QList<Check> checkBlocking(const Findings &findings) {
     QList<Check> checks{
         checkSettings(),
@@ -104,7 +113,7 @@ QList<Check> checkBlocking(const Findings &findings) {
     }
     checks.append({QStringLiteral("the kernel knows a Touch Bar"), welcome->barsKnown > 0,
                    QStringLiteral("nothing to filter on this machine; try: barquell replay FILE")});
-    if (welcome->barsKnown > 0 && findings.enabled && findings.processId) {
+    if (*findings.inFront() && welcome->barsKnown > 0 && findings.enabled && findings.processId) {
         checks.append({QStringLiteral("the Touch Bar is held by the tap"),
                        welcome->barsGrabbed == welcome->barsKnown,
                        QStringLiteral("lift every finger from it; no other program may hold it")});

@@ -6,6 +6,9 @@ namespace barquell {
 
 struct Findings;
 
+/// The advice to make the package and install it.
+QString installPackage();
+
 /// What blocking needs: the settings, the tap server and the grant to use it, the running program, a bar.
 QList<Check> checkBlocking(const Findings &findings);
 

@@ -1,4 +1,3 @@
-#include "app/Place.h"
 #include "app/linux/Checks.h"
 #include "app/linux/Findings.h"
 #include "foundation/Bundle.h"
@@ -41,7 +40,7 @@ QList<Check> checkEverything() {
 
 QList<Check> checkDesktop(const Findings &findings) {
     QList<Check> checks{
-        {QStringLiteral("there is a display"), hasDisplay(),
+        {QStringLiteral("there is a display"), findings.hasDisplay,
          inSession() + QStringLiteral("; without one it blocks without windows")},
         {QStringLiteral("the window manager tells what is in front"), tellsWhatIsInFront(),
          QStringLiteral(
@@ -49,8 +48,7 @@ QList<Check> checkDesktop(const Findings &findings) {
              "no effect")},
         {QStringLiteral("there is a session bus"), findings.asked != RunningProgram::Outcome::NoBus,
          inSession() + QStringLiteral(", or: dbus-run-session barquell")},
-        {QStringLiteral("launchers know Barquell"), isInstalled(),
-         QStringLiteral("sudo cmake --install build/release")},
+        {QStringLiteral("launchers know Barquell"), isInstalled(), installPackage()},
     };
     if (findings.asked == RunningProgram::Outcome::Done) {
         checks.append({QStringLiteral("a panel shows status items"),

@@ -8,13 +8,9 @@
 #include "platform/Platform.h"
 #include "platform/linux/session/RunningCopy.h"
 
-#include <QFile>
-
 #include <unistd.h>
 
 namespace barquell {
-
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -25,11 +21,14 @@ void readSettings(Findings &findings) {
     findings.launchAtStart = settings.boolForKey(QStringLiteral("LaunchAtStart"));
 }
 
-/// Who has no grant would only be told so, by a server that may have to be started for that.
+/// Who has no grant would only be told so, by a server that may have to be started for that. So the way there
+/// is all that is looked at.
 std::variant<protocol::ServerMessage, ProbeFailure> askAs(const grant::Reading &grant) {
     const QString socket = tapServerSocket();
-    const bool mayAsk = grant.state == grant::State::Held || !QFile::exists(socket);
-    return mayAsk ? probeServer(socket, 1s) : ProbeFailure::NotGranted;
+    if (grant.state == grant::State::Held) {
+        return probeServer(socket, kServerLimit);
+    }
+    return obstacleTo(socket).value_or(ProbeFailure::NotGranted);
 }
 
 } // namespace
@@ -92,6 +91,7 @@ Findings lookAround() {
         findings.processId = RunningCopy::processId(); // a session without a bus
     }
     readSettings(findings);
+    findings.hasDisplay = hasDisplay();
     findings.grant = thisMachinesGrants().read(::getuid());
     findings.service = isServiceInstalled();
     findings.server = askAs(findings.grant);

@@ -16,8 +16,9 @@ namespace barquell {
 struct Findings {
     std::optional<qint64> processId; ///< of the copy that runs
     RunningProgram::Outcome asked = RunningProgram::Outcome::NoBus;
-    QVariantMap report;          ///< see statusReport(); empty where `asked` is not Done
-    bool enabled = false;        ///< the settings want blocking
+    QVariantMap report;   ///< see statusReport(); empty where `asked` is not Done
+    bool enabled = false; ///< the settings want blocking
+    bool hasDisplay = false;
     bool launchAtStart = false;  ///< the settings want the program to start at login
     grant::Reading grant;        ///< this user's
     std::optional<bool> service; ///< see isServiceInstalled()

@@ -10,11 +10,7 @@
 
 namespace barquell {
 
-using namespace std::chrono_literals;
-
 namespace {
-
-constexpr std::chrono::milliseconds kLimit = 5s; // a server that is only now being started may take a moment
 
 QString mend(GrantOutcome outcome) {
     const QString byHand = QStringLiteral("; by hand: sudo barquell-tapd --withdraw $(id -un)");
@@ -44,7 +40,7 @@ int runRevoke(const QStringList &arguments) {
     if (thisMachinesGrants().read(::getuid()).state == grant::State::None) {
         return say(true, QStringLiteral("This user has no permission to filter"), wantsJson(parser));
     }
-    const GrantOutcome outcome = withdrawGrant(tapServerSocket(), kLimit);
+    const GrantOutcome outcome = withdrawGrant(tapServerSocket(), kServerLimit);
     return say(outcome == GrantOutcome::Withdrawn, grantOutcomeText(outcome) + mend(outcome),
                wantsJson(parser));
 }

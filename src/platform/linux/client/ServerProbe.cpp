@@ -10,16 +10,20 @@ namespace barquell {
 using protocol::ServerMessage;
 using protocol::ServerMessageType;
 
-std::variant<ServerMessage, ProbeFailure>
-askServer(const QString &socketPath, protocol::ClientMessageType word, std::chrono::milliseconds limit) {
+std::optional<ProbeFailure> obstacleTo(const QString &socketPath) {
     const QByteArray path = socketPath.toLocal8Bit();
     if (::access(path.constData(), F_OK) != 0) {
         return ProbeFailure::Absent;
     }
-    if (::access(path.constData(), W_OK) != 0) {
-        return ProbeFailure::Forbidden;
+    return ::access(path.constData(), W_OK) != 0 ? std::optional(ProbeFailure::Forbidden) : std::nullopt;
+}
+
+std::variant<ServerMessage, ProbeFailure>
+askServer(const QString &socketPath, protocol::ClientMessageType word, std::chrono::milliseconds limit) {
+    if (const auto obstacle = obstacleTo(socketPath)) {
+        return *obstacle;
     }
-    const FileDescriptor socket = connectToServer(path);
+    const FileDescriptor socket = connectToServer(socketPath.toLocal8Bit());
     if (!socket.isValid() || !sendToServer(socket, {.type = word, .version = protocol::kVersion})) {
         return ProbeFailure::Silent;
     }

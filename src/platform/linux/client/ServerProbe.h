@@ -5,6 +5,7 @@
 #include <QString>
 
 #include <chrono>
+#include <optional>
 #include <variant>
 
 namespace barquell {
@@ -17,6 +18,9 @@ enum class ProbeFailure {
     NotGranted, ///< this user may not filter
     Refused,    ///< another version, or no room
 };
+
+/// What stands in the way to the server, Absent or Forbidden; nothing is said to it. Any thread.
+std::optional<ProbeFailure> obstacleTo(const QString &socketPath);
 
 /// Says one of the first words to the tap server and waits for its answer until the limit; fails as far as
 /// Silent. Any thread.
