@@ -23,6 +23,24 @@ QString sinceText(const QDateTime &since) {
                : QString();
 }
 
+/// Why nothing changed; `given` where it was to be withdrawn.
+QString complaint(bool given, Permission::Outcome outcome) {
+    if (outcome == Permission::Outcome::Failed) {
+        return Bundle::localizedString(
+            QStringLiteral("The service that holds the Touch Bar could not do this; its log says why."));
+    }
+    if (given) {
+        return Bundle::localizedString(QStringLiteral(
+            "The permission could not be withdrawn: the service that holds the Touch Bar does not answer."));
+    }
+    if (outcome == Permission::Outcome::Silent) {
+        return Bundle::localizedString(QStringLiteral(
+            "The permission was not given: the service that holds the Touch Bar does not answer."));
+    }
+    return Bundle::localizedString(QStringLiteral(
+        "The permission was not given: somebody declined, or there is nobody who can be asked."));
+}
+
 } // namespace
 
 void PermissionPage::show(const Permission &permission) {
@@ -61,13 +79,9 @@ void PermissionPage::windowWillClose() {
 void PermissionPage::change(const QVariant & /*sender*/) {
     const bool given = _permission.state().given;
     note({});
-    const auto answer = [page = QPointer(this), given](bool done) {
-        if (page && !done) {
-            page->note(Bundle::localizedString(
-                given ? QStringLiteral("The permission could not be withdrawn: the service that holds the "
-                                       "Touch Bar does not answer.")
-                      : QStringLiteral("The permission was not given: somebody declined, or there is nobody "
-                                       "who can be asked.")));
+    const auto answer = [page = QPointer(this), given](Permission::Outcome outcome) {
+        if (page && outcome != Permission::Outcome::Done) {
+            page->note(complaint(given, outcome));
         }
     };
     (given ? _permission.withdraw : _permission.request)(answer);

@@ -15,13 +15,19 @@
 namespace barquell {
 
 /// The permission to filter as a place keeps it for itself. What asks for a change is answered from the run
-/// loop: true where it was made.
+/// loop.
 struct Permission {
     struct State {
         bool given = false;
         QDateTime since; ///< invalid where it is not known
     };
-    using Answer = std::function<void(bool done)>;
+    enum class Outcome {
+        Done,
+        Denied, ///< somebody declined, or nobody could be asked
+        Silent, ///< who keeps the permission cannot be reached or does not answer
+        Failed, ///< it answered that it cannot
+    };
+    using Answer = std::function<void(Outcome)>;
 
     QString userName;
     std::function<State()> state;

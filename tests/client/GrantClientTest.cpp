@@ -71,6 +71,17 @@ TEST_F(GrantClientTest, OneRequestAtATime) {
     EXPECT_FALSE(server.isCalled());
 }
 
+TEST_F(GrantClientTest, WhoAsksWhileARequestIsUnderWayHearsItsOutcome) {
+    client.request(); // as the program does by itself
+    expectWish(ClientMessageType::RequestGrant);
+    client.request([this](GrantOutcome outcome) { outcomes.push_back(outcome); });
+    client.request(); // nobody takes the handler's place
+    server.send(refused(Refusal::Denied));
+    EXPECT_TRUE(hasEnded());
+    EXPECT_THAT(outcomes, ElementsAre(GrantOutcome::Denied));
+    EXPECT_EQ(log.lines.size(), 1);
+}
+
 TEST_F(GrantClientTest, ARequestThatWasRefusedMayBeMadeAgain) {
     client.request();
     expectWish(ClientMessageType::RequestGrant);

@@ -127,7 +127,8 @@ TEST_P(CutOffTest, BothPagesOfTheAuthorizationWindow) {
 
 TEST_P(CutOffTest, ThePermissionPage) {
     Permission::State state;
-    const auto fails = [](const Permission::Answer &answer) { answer(false); };
+    Permission::Outcome outcome{};
+    const auto fails = [&outcome](const Permission::Answer &answer) { answer(outcome); };
     const Permission permission{.userName = QStringLiteral("somebody-with-a-long-name"),
                                 .state = [&state] { return state; },
                                 .request = fails,
@@ -137,8 +138,12 @@ TEST_P(CutOffTest, ThePermissionPage) {
         PermissionPage::show(permission);
         QWidget &window = *PermissionPage::openWindow();
         EXPECT_EQ(cutOff(settled(window)), nothing);
-        window.findChild<QPushButton *>(QStringLiteral("button"))->click(); // in vain, which is said
-        EXPECT_EQ(cutOff(settled(window)), nothing);
+        for (const auto why :
+             {Permission::Outcome::Denied, Permission::Outcome::Silent, Permission::Outcome::Failed}) {
+            outcome = why;
+            window.findChild<QPushButton *>(QStringLiteral("button"))->click(); // in vain, which is said
+            EXPECT_EQ(cutOff(settled(window)), nothing);
+        }
         EXPECT_LE(window.width(), 640);
     }
     PermissionPage::openWindow()->close();

@@ -90,19 +90,37 @@ TEST_F(PermissionPageTest, ItFollowsTrustWhileItIsOpen) {
 TEST_F(PermissionPageTest, WhatCouldNotBeChangedIsSaidUntilSomethingChanges) {
     show();
     button().click();
-    request(false);
+    request(Permission::Outcome::Denied);
     EXPECT_FALSE(find<QLabel>("noteLabel").isHidden());
     EXPECT_TRUE(text("noteLabel").startsWith(QStringLiteral("The permission was not given")));
     button().click(); // another try
     EXPECT_TRUE(find<QLabel>("noteLabel").isHidden());
-    request(false);
+    request(Permission::Outcome::Denied);
     give(true);
     EXPECT_TRUE(find<QLabel>("noteLabel").isHidden());
     button().click();
-    withdraw(true);
+    withdraw(Permission::Outcome::Done);
     EXPECT_TRUE(find<QLabel>("noteLabel").isHidden());
-    withdraw(false);
+    withdraw(Permission::Outcome::Silent);
     EXPECT_TRUE(text("noteLabel").startsWith(QStringLiteral("The permission could not be withdrawn")));
+}
+
+TEST_F(PermissionPageTest, TheCauseIsSaidAsItIs) {
+    show();
+    button().click();
+    request(Permission::Outcome::Denied);
+    EXPECT_TRUE(text("noteLabel").contains(QStringLiteral("declined")));
+    request(Permission::Outcome::Silent);
+    EXPECT_TRUE(text("noteLabel").startsWith(QStringLiteral("The permission was not given")));
+    EXPECT_TRUE(text("noteLabel").endsWith(QStringLiteral("does not answer.")));
+    request(Permission::Outcome::Failed);
+    EXPECT_TRUE(text("noteLabel").endsWith(QStringLiteral("its log says why.")));
+    give(true);
+    button().click();
+    withdraw(Permission::Outcome::Silent);
+    EXPECT_TRUE(text("noteLabel").endsWith(QStringLiteral("does not answer.")));
+    withdraw(Permission::Outcome::Failed);
+    EXPECT_TRUE(text("noteLabel").endsWith(QStringLiteral("its log says why.")));
 }
 
 TEST_F(PermissionPageTest, AnAnswerThatComesAfterItWasClosedIsNobodys) {
@@ -111,7 +129,7 @@ TEST_F(PermissionPageTest, AnAnswerThatComesAfterItWasClosedIsNobodys) {
     window().close();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(PermissionPage::openWindow(), nullptr);
-    request(false);
+    request(Permission::Outcome::Denied);
     give(true);
     show(); // anew
     EXPECT_EQ(button().text(), QStringLiteral("Withdraw"));

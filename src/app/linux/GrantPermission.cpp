@@ -21,6 +21,29 @@ QDateTime since() {
     return QFileInfo(folder.filePath(QString::number(::getuid()))).lastModified();
 }
 
+Permission::Outcome meaningOf(GrantOutcome outcome) {
+    switch (outcome) {
+    case GrantOutcome::Granted:
+    case GrantOutcome::Withdrawn:
+        return Permission::Outcome::Done;
+    case GrantOutcome::Denied:
+    case GrantOutcome::NoAnswer:
+        return Permission::Outcome::Denied;
+    case GrantOutcome::Unreachable:
+    case GrantOutcome::Silent:
+        return Permission::Outcome::Silent;
+    case GrantOutcome::Busy:
+    case GrantOutcome::Failed:
+    case GrantOutcome::OtherVersion:
+        break;
+    }
+    return Permission::Outcome::Failed;
+}
+
+GrantClient::Handler handlerFor(const Permission::Answer &answer) {
+    return [answer](GrantOutcome outcome) { answer(meaningOf(outcome)); };
+}
+
 } // namespace
 
 Permission permissionOf(const GrantTrust &trust, GrantClient &grant) {
@@ -30,16 +53,8 @@ Permission permissionOf(const GrantTrust &trust, GrantClient &grant) {
                     const bool given = trust.isProcessTrusted();
                     return Permission::State{.given = given, .since = given ? since() : QDateTime()};
                 },
-            .request =
-                [&grant](const Permission::Answer &answer) {
-                    grant.request(
-                        [answer](GrantOutcome outcome) { answer(outcome == GrantOutcome::Granted); });
-                },
-            .withdraw =
-                [&grant](const Permission::Answer &answer) {
-                    grant.withdraw(
-                        [answer](GrantOutcome outcome) { answer(outcome == GrantOutcome::Withdrawn); });
-                }};
+            .request = [&grant](const Permission::Answer &answer) { grant.request(handlerFor(answer)); },
+            .withdraw = [&grant](const Permission::Answer &answer) { grant.withdraw(handlerFor(answer)); }};
 }
 
 } // namespace barquell

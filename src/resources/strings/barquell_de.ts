@@ -523,5 +523,13 @@
         <source>The permission was not given: somebody declined, or there is nobody who can be asked.</source>
         <translation>Die Berechtigung wurde nicht erteilt: Jemand hat abgelehnt, oder niemand kann gefragt werden.</translation>
     </message>
+    <message>
+        <source>The permission was not given: the service that holds the Touch Bar does not answer.</source>
+        <translation>Die Berechtigung wurde nicht erteilt: Der Dienst, der die Touch Bar hält, antwortet nicht.</translation>
+    </message>
+    <message>
+        <source>The service that holds the Touch Bar could not do this; its log says why.</source>
+        <translation>Der Dienst, der die Touch Bar hält, konnte dies nicht ausführen; sein Protokoll nennt den Grund.</translation>
+    </message>
 </context>
 </TS>

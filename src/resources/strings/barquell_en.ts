@@ -523,5 +523,13 @@
         <source>The permission was not given: somebody declined, or there is nobody who can be asked.</source>
         <translation>The permission was not given: somebody declined, or there is nobody who can be asked.</translation>
     </message>
+    <message>
+        <source>The permission was not given: the service that holds the Touch Bar does not answer.</source>
+        <translation>The permission was not given: the service that holds the Touch Bar does not answer.</translation>
+    </message>
+    <message>
+        <source>The service that holds the Touch Bar could not do this; its log says why.</source>
+        <translation>The service that holds the Touch Bar could not do this; its log says why.</translation>
+    </message>
 </context>
 </TS>

@@ -523,5 +523,13 @@
         <source>The permission was not given: somebody declined, or there is nobody who can be asked.</source>
         <translation>No se concedió el permiso: alguien lo rechazó o no hay a quién preguntar.</translation>
     </message>
+    <message>
+        <source>The permission was not given: the service that holds the Touch Bar does not answer.</source>
+        <translation>No se concedió el permiso: el servicio que controla la Touch Bar no responde.</translation>
+    </message>
+    <message>
+        <source>The service that holds the Touch Bar could not do this; its log says why.</source>
+        <translation>El servicio que controla la Touch Bar no pudo hacerlo; su registro indica el motivo.</translation>
+    </message>
 </context>
 </TS>

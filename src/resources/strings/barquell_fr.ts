@@ -523,5 +523,13 @@
         <source>The permission was not given: somebody declined, or there is nobody who can be asked.</source>
         <translation>L’autorisation n’a pas été accordée : quelqu’un a refusé, ou il n’y a personne à qui demander.</translation>
     </message>
+    <message>
+        <source>The permission was not given: the service that holds the Touch Bar does not answer.</source>
+        <translation>L’autorisation n’a pas été accordée : le service qui contrôle la Touch Bar ne répond pas.</translation>
+    </message>
+    <message>
+        <source>The service that holds the Touch Bar could not do this; its log says why.</source>
+        <translation>Le service qui contrôle la Touch Bar n’a pas pu le faire ; son journal indique pourquoi.</translation>
+    </message>
 </context>
 </TS>

@@ -523,5 +523,13 @@
         <source>The permission was not given: somebody declined, or there is nobody who can be asked.</source>
         <translation>許可されませんでした。拒否されたか、確認できる人がいません。</translation>
     </message>
+    <message>
+        <source>The permission was not given: the service that holds the Touch Bar does not answer.</source>
+        <translation>許可されませんでした。Touch Barを管理するサービスが応答しません。</translation>
+    </message>
+    <message>
+        <source>The service that holds the Touch Bar could not do this; its log says why.</source>
+        <translation>Touch Barを管理するサービスがこの操作を実行できませんでした。理由はサービスのログに記録されています。</translation>
+    </message>
 </context>
 </TS>

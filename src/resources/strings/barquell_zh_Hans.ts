@@ -523,5 +523,13 @@
         <source>The permission was not given: somebody declined, or there is nobody who can be asked.</source>
         <translation>未获得权限：有人拒绝，或者没有可以询问的人。</translation>
     </message>
+    <message>
+        <source>The permission was not given: the service that holds the Touch Bar does not answer.</source>
+        <translation>未获得权限：管理 Touch Bar 的服务没有响应。</translation>
+    </message>
+    <message>
+        <source>The service that holds the Touch Bar could not do this; its log says why.</source>
+        <translation>管理 Touch Bar 的服务未能完成此操作；原因见其日志。</translation>
+    </message>
 </context>
 </TS>

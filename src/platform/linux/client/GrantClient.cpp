@@ -12,8 +12,10 @@ GrantClient::GrantClient(QString socketPath) : _socketPath(std::move(socketPath)
 GrantClient::~GrantClient() = default;
 
 void GrantClient::request(Handler onOutcome) {
-    if (!_underWay) {
+    if (!_wish) {
         begin(ClientMessageType::RequestGrant, std::move(onOutcome));
+    } else if (onOutcome && _wish == ClientMessageType::RequestGrant) {
+        _onOutcome = std::move(onOutcome);
     }
 }
 
@@ -23,7 +25,7 @@ void GrantClient::withdraw(Handler onOutcome) {
 
 void GrantClient::begin(ClientMessageType wish, Handler onOutcome) {
     _alive = std::make_shared<char>();
-    _underWay = true;
+    _wish = wish;
     _onOutcome = std::move(onOutcome);
     _connection = TapConnection::open(
         _socketPath, wish, [this](const protocol::ServerMessage &answer) { end(grantOutcome(answer)); },
@@ -41,7 +43,7 @@ void GrantClient::end(GrantOutcome outcome) {
         }
         _alive.reset();
         _connection.reset();
-        _underWay = false;
+        _wish.reset();
         log(grantOutcomeText(outcome));
         if (const Handler tell = std::exchange(_onOutcome, {})) {
             tell(outcome);

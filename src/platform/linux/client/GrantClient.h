@@ -3,6 +3,8 @@
 #include "platform/linux/client/GrantOutcome.h"
 #include "platform/linux/client/TapConnection.h"
 
+#include <optional>
+
 namespace barquell {
 
 /// This user's wishes about the grant, told to the tap server on a connection of their own without waiting
@@ -16,14 +18,15 @@ public:
     ~GrantClient();
     Q_DISABLE_COPY_MOVE(GrantClient)
 
-    /// Has the system ask the person whether this user may filter, which may take minutes; nothing while
-    /// that is under way. The outcome is logged in one line.
+    /// Has the system ask the person whether this user may filter, which may take minutes. While that is
+    /// under way a second request only takes its handler's place, and during a withdrawal it is nothing. The
+    /// outcome is logged in one line.
     void request(Handler onOutcome = {});
 
     /// Gives the grant up, and takes a request back that is under way. The outcome is logged in one line.
     void withdraw(Handler onOutcome = {});
 
-    bool isUnderWay() const { return _underWay; }
+    bool isUnderWay() const { return _wish.has_value(); }
 
 private:
     void begin(protocol::ClientMessageType wish, Handler onOutcome);
@@ -32,8 +35,8 @@ private:
     const QString _socketPath;
     std::unique_ptr<TapConnection> _connection;
     Handler _onOutcome;
-    bool _underWay = false;
-    std::shared_ptr<char> _alive; // of the wish that is under way
+    std::optional<protocol::ClientMessageType> _wish; // that is under way
+    std::shared_ptr<char> _alive;                     // of the wish that is under way
 };
 
 } // namespace barquell
