@@ -32,6 +32,22 @@ inline QByteArray action(const QByteArray &name, const QByteArray &content = {})
     return "<action name=\"" + name + "\">" + content + "</action>";
 }
 
+inline const QByteArray kController = says("objectClass", "Controller");
+
+/// A layout with this inside, in a widget named "page".
+inline QByteArray laidOut(const QByteArray &className, const QByteArray &content) {
+    return widget("QWidget", "page",
+                  "<layout class=\"" + className + "\" name=\"layout\">" + content + "</layout>");
+}
+
+inline QByteArray item(const QByteArray &attributes, const QByteArray &content) {
+    return "<item " + attributes + ">" + content + "</item>";
+}
+
+inline QByteArray property(const QByteArray &name, const QByteArray &value) {
+    return "<property name=\"" + name + "\">" + value + "</property>";
+}
+
 /// Who loads a file.
 class Owner final : public QObject {
     Q_OBJECT

@@ -10,8 +10,6 @@ namespace {
 
 using InterfaceFileTest = FormTest;
 
-const QByteArray kController = says("objectClass", "Controller");
-
 /// A file with one of everything.
 QByteArray rich() {
     return form(widget("QWidget", "controller", kController + says("outlet_field", "line")) +
@@ -91,39 +89,6 @@ TEST_F(InterfaceFileTest, AFileWithAPieceMissingNeverCrashes) {
     }
 }
 
-TEST_F(InterfaceFileTest, AnUnknownClassIsRefused) {
-    const QByteArrayList bad{
-        widget("NoSuchView", "view"),
-        widget("QWidget", "c", says("objectClass", "NoSuchController")),
-        action("item", says("objectClass", "NoSuchItem")),
-        action("item", says("objectClass", "Plain")), // an object, but no menu item
-        widget("QWidget", "c", kController + widget("QLineEdit", "lost")),
-    };
-    for (const QByteArray &wrong : bad) {
-        complaint.clear();
-        EXPECT_FALSE(load(wrong)) << wrong.constData();
-        EXPECT_FALSE(complaint.isEmpty());
-    }
-}
-
-TEST_F(InterfaceFileTest, WhatIsNoFormIsRefused) {
-    for (const char *wrong : {"<html/>", "<ui/>", "<ui version=\"4.0\"/>", "words", ""}) {
-        complaint.clear();
-        EXPECT_FALSE(loadInterface(wrong, &owner, &complaint)) << wrong;
-        EXPECT_FALSE(complaint.isEmpty());
-    }
-}
-
-/// A layout with this inside, in a widget named "page".
-QByteArray laidOut(const QByteArray &className, const QByteArray &content) {
-    return widget("QWidget", "page",
-                  "<layout class=\"" + className + "\" name=\"layout\">" + content + "</layout>");
-}
-
-QByteArray item(const QByteArray &attributes, const QByteArray &content) {
-    return "<item " + attributes + ">" + content + "</item>";
-}
-
 TEST_F(InterfaceFileTest, AGridPutsItsItemsWhereTheFileSays) {
     ASSERT_TRUE(load(laidOut(
         "QGridLayout",
@@ -171,9 +136,6 @@ TEST_F(InterfaceFileTest, ASpacerIsOfItsSizeAndStretchesAsItSays) {
 }
 
 TEST_F(InterfaceFileTest, PropertiesAreOfTheirClassesTypes) {
-    const auto property = [](const QByteArray &name, const QByteArray &value) {
-        return "<property name=\"" + name + "\">" + value + "</property>";
-    };
     ASSERT_TRUE(load(widget(
         "QLineEdit", "line",
         property("focusPolicy", "<enum>Qt::ClickFocus</enum>") +
@@ -209,25 +171,24 @@ TEST_F(InterfaceFileTest, NamesMayStandBeforeWhatTheyName) {
     EXPECT_EQ(find<QLabel>("label")->buddy(), find<QLineEdit>("line"));
 }
 
-TEST_F(InterfaceFileTest, AMistakeWithinAnObjectIsRefused) {
-    const QByteArrayList bad{
-        widget("QLineEdit", "line", "<property name=\"colour\"><string>red</string></property>"),
-        widget("QLineEdit", "line", "<property name=\"maxLength\"><number>many</number></property>"),
-        widget("QLineEdit", "line", "<property name=\"focusPolicy\"><enum>Qt::Unheard</enum></property>"),
-        widget("QLineEdit", "line", "<property name=\"maxLength\"><brush/></property>"),
-        widget("QLineEdit", "line", "<property name=\"maxLength\"/>"),
-        widget("QLabel", "label", "<property name=\"buddy\"><cstring>nobody</cstring></property>"),
-        widget("QMenu", "menu", "<addaction name=\"nobody\"/>"),
-        widget("QWidget", "page", "<item><property name=\"text\"><string>x</string></property></item>"),
-        laidOut("QRoundLayout", ""),
-        laidOut("QVBoxLayout", "<item/>"),
-        action("item", widget("QWidget", "within")),
-    };
-    for (const QByteArray &wrong : bad) {
-        complaint.clear();
-        EXPECT_FALSE(load(wrong)) << wrong.constData();
-        EXPECT_TRUE(complaint.startsWith(QStringLiteral("line "))) << complaint.toStdString();
-    }
+/// Sends away what it is given.
+class Remover final : public QObject {
+    Q_OBJECT
+    Q_PROPERTY(QObject *victim READ victim WRITE remove)
+
+public:
+    static QObject *victim() { return nullptr; }
+    static void remove(QObject *object) { const std::unique_ptr<QObject> goes(object); }
+};
+
+TEST_F(InterfaceFileTest, WhoWasSentAwayByAnOutletIsNotWoken) {
+    InterfaceClasses::add<Remover>("Remover");
+    Controller::woken.clear();
+    ASSERT_TRUE(
+        load(widget("QWidget", "last", kController) +
+             widget("QWidget", "remover", says("objectClass", "Remover") + says("outlet_victim", "victim")) +
+             widget("QWidget", "victim", kController)));
+    EXPECT_EQ(Controller::woken, QStringList(QStringLiteral("last")));
 }
 
 class View final : public QWidget {

@@ -61,9 +61,8 @@ TopLevelObjects takeChildren(const QWidget &root) {
     return taken;
 }
 
-void awake(const std::vector<QObject *> &objects) {
-    const std::vector<QPointer<QObject>> guarded(objects.begin(), objects.end());
-    for (const QPointer<QObject> &object : guarded) { // who wakes may well send others away
+void awake(const std::vector<QPointer<QObject>> &objects) {
+    for (const QPointer<QObject> &object : objects) {
         if (object && object->metaObject()->indexOfMethod("awakeFromNib()") >= 0) {
             QMetaObject::invokeMethod(object, "awakeFromNib", Qt::DirectConnection);
         }
@@ -91,8 +90,10 @@ std::optional<TopLevelObjects> loadInterface(const QByteArray &content, QObject 
         return refuse(wiring.complaint(), complaint);
     }
     TopLevelObjects topLevel = takeChildren(*root);
+    // An outlet's setter, or one who wakes, may well send others away.
+    const std::vector<QPointer<QObject>> guarded(reader.objects().begin(), reader.objects().end());
     wiring.perform();
-    awake(reader.objects());
+    awake(guarded);
     return topLevel;
 }
 

@@ -3,8 +3,10 @@
 #include <QBoxLayout>
 #include <QGridLayout>
 #include <QMargins>
-#include <QMetaEnum>
+#include <QScopedValueRollback>
 #include <QSpacerItem>
+
+#include <algorithm>
 
 namespace barquell {
 
@@ -20,12 +22,17 @@ std::unique_ptr<QLayout> makeLayout(const QString &className) {
     return className == QLatin1String("QVBoxLayout") ? std::make_unique<QVBoxLayout>() : nullptr;
 }
 
+constexpr int kMostCells = 99; // in a row or column of a grid
+
 /// Numbers with commas between them.
 template <typename Set>
-void setStretches(QStringView numbers, Set set) {
+void setStretches(QXmlStreamReader &reader, QStringView numbers, Set set) {
+    if (numbers.isEmpty()) {
+        return;
+    }
     int place = 0;
-    for (const QStringView number : numbers.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
-        set(place++, number.toInt());
+    for (const QStringView number : numbers.split(QLatin1Char(','))) {
+        set(place++, numberFrom(reader, number));
     }
 }
 
@@ -50,11 +57,6 @@ bool setMeasure(QLayout &layout, QMargins &margins, const QByteArray &name, int 
     return true;
 }
 
-template <typename Enum>
-Enum valueNamed(const QVariant &name) {
-    return static_cast<Enum>(QMetaEnum::fromType<Enum>().keysToValue(name.toString().toLatin1().constData()));
-}
-
 } // namespace
 
 /// Where an item stands in its layout; in a row or column after the ones before it.
@@ -65,15 +67,26 @@ struct InterfaceReader::Place {
     int columns;
     Qt::Alignment alignment;
 
-    explicit Place(const QXmlStreamAttributes &attributes)
-        : row(attributes.value(QLatin1String("row")).toInt()),
-          column(attributes.value(QLatin1String("column")).toInt()),
-          rows(std::max(1, attributes.value(QLatin1String("rowspan")).toInt())),
-          columns(std::max(1, attributes.value(QLatin1String("colspan")).toInt())) {
-        const QString text = attributes.value(QLatin1String("alignment")).toString();
+    /// The reader is at the item. What lies outside of a grid is an error of the reader.
+    explicit Place(QXmlStreamReader &reader)
+        : row(cells(reader, QLatin1String("row"), 0)), column(cells(reader, QLatin1String("column"), 0)),
+          rows(cells(reader, QLatin1String("rowspan"), 1)),
+          columns(cells(reader, QLatin1String("colspan"), 1)) {
+        const QString text = reader.attributes().value(QLatin1String("alignment")).toString();
         if (!text.isEmpty()) {
-            alignment = valueNamed<Qt::Alignment>(text);
+            alignment = valueNamed<Qt::Alignment>(reader, text);
         }
+    }
+
+    static int cells(QXmlStreamReader &reader, QLatin1String name, int least) {
+        if (!reader.attributes().hasAttribute(name)) {
+            return least;
+        }
+        const int number = numberFrom(reader, reader.attributes().value(name));
+        if (!reader.hasError() && (number < least || number > kMostCells)) {
+            reader.raiseError(QStringLiteral("%1 is not from %2 to %3").arg(name).arg(least).arg(kMostCells));
+        }
+        return std::clamp(number, least, kMostCells);
     }
 
     void put(QLayout &layout, QWidget &widget) const {
@@ -111,9 +124,9 @@ std::unique_ptr<QLayout> InterfaceReader::readLayout(QWidget &parent) {
     }
     layout->setObjectName(attributes.value(QLatin1String("name")).toString());
     if (auto *grid = qobject_cast<QGridLayout *>(layout.get())) {
-        setStretches(attributes.value(QLatin1String("columnstretch")),
+        setStretches(_xml, attributes.value(QLatin1String("columnstretch")),
                      [grid](int column, int stretch) { grid->setColumnStretch(column, stretch); });
-        setStretches(attributes.value(QLatin1String("rowstretch")),
+        setStretches(_xml, attributes.value(QLatin1String("rowstretch")),
                      [grid](int row, int stretch) { grid->setRowStretch(row, stretch); });
     }
     QMargins margins(-1, -1, -1, -1); // the style's
@@ -122,9 +135,15 @@ std::unique_ptr<QLayout> InterfaceReader::readLayout(QWidget &parent) {
             readItem(*layout, parent);
             continue;
         }
+        if (_xml.name() != QLatin1String("property")) {
+            complain(QStringLiteral("a layout holds an unknown element %1").arg(_xml.name()));
+            break;
+        }
         const InterfaceProperty property = readInterfaceProperty(_xml);
         if (!setMeasure(*layout, margins, property.name, property.value.toInt())) {
             set(*layout, property);
+        } else if (property.value.typeId() != QMetaType::Int) {
+            complain(QStringLiteral("%1 is no number").arg(QString::fromUtf8(property.name)));
         }
     }
     layout->setContentsMargins(margins);
@@ -132,7 +151,11 @@ std::unique_ptr<QLayout> InterfaceReader::readLayout(QWidget &parent) {
 }
 
 void InterfaceReader::readItem(QLayout &layout, QWidget &parent) {
-    const Place place(_xml.attributes());
+    const QScopedValueRollback<int> deeper(_depth, _depth + 1);
+    const Place place(_xml);
+    if (isTooDeep()) {
+        return;
+    }
     if (!_xml.readNextStartElement()) {
         complain(QStringLiteral("an item of %1 holds nothing").arg(layout.objectName()));
     } else if (_xml.name() == QLatin1String("widget")) {
@@ -143,10 +166,15 @@ void InterfaceReader::readItem(QLayout &layout, QWidget &parent) {
         if (std::unique_ptr<QLayout> inner = readLayout(parent)) {
             place.put(layout, std::move(inner));
         }
-    } else {
+    } else if (_xml.name() == QLatin1String("spacer")) {
         readSpacer(layout, place);
+    } else {
+        complain(QStringLiteral("an item of %1 holds an unknown element %2")
+                     .arg(layout.objectName(), _xml.name()));
     }
-    _xml.skipCurrentElement();
+    if (_xml.readNextStartElement()) {
+        complain(QStringLiteral("an item of %1 holds more than one thing").arg(layout.objectName()));
+    }
 }
 
 void InterfaceReader::readSpacer(QLayout &layout, const Place &place) {
@@ -154,14 +182,20 @@ void InterfaceReader::readSpacer(QLayout &layout, const Place &place) {
     Qt::Orientation orientation = Qt::Horizontal;
     QSizePolicy::Policy along = QSizePolicy::Expanding;
     QSize size;
+    bool isKnown = !head.hasParts && head.objectClass.isEmpty();
     for (const InterfaceProperty &property : head.properties) {
         if (property.name == "orientation") {
-            orientation = valueNamed<Qt::Orientation>(property.value);
+            orientation = valueNamed<Qt::Orientation>(_xml, property.value.toString());
         } else if (property.name == "sizeType") {
-            along = valueNamed<QSizePolicy::Policy>(property.value);
-        } else if (property.name == "sizeHint") {
+            along = valueNamed<QSizePolicy::Policy>(_xml, property.value.toString());
+        } else if (property.name == "sizeHint" && property.value.typeId() == QMetaType::QSize) {
             size = property.value.toSize();
+        } else {
+            isKnown = false;
         }
+    }
+    if (!isKnown) {
+        complain(QStringLiteral("the spacer %1 says what no spacer has").arg(head.name));
     }
     const bool horizontal = orientation == Qt::Horizontal;
     place.put(layout, std::make_unique<QSpacerItem>(size.width(), size.height(),

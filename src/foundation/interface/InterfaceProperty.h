@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QMetaEnum>
 #include <QVariant>
 
 class QXmlStreamReader;
@@ -17,5 +18,17 @@ struct InterfaceProperty {
 /// Reads the element "property" that the reader is at, to its end. What makes no sense is an error of the
 /// reader.
 InterfaceProperty readInterfaceProperty(QXmlStreamReader &reader);
+
+/// What the text says; 0 and an error of the reader where that is no whole number.
+int numberFrom(QXmlStreamReader &reader, QStringView text);
+
+/// The value of that name, or of several with bars between them where they are flags; 0 and an error of the
+/// reader where there is none.
+int valueNamed(QXmlStreamReader &reader, const QMetaEnum &names, const QString &name);
+
+template <typename Enum>
+Enum valueNamed(QXmlStreamReader &reader, const QString &name) {
+    return static_cast<Enum>(valueNamed(reader, QMetaEnum::fromType<Enum>(), name));
+}
 
 } // namespace barquell

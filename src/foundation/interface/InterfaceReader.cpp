@@ -8,6 +8,7 @@
 #include <QLayout>
 #include <QMainWindow>
 #include <QMetaProperty>
+#include <QScopedValueRollback>
 #include <QToolBar>
 
 #include <algorithm>
@@ -15,6 +16,8 @@
 namespace barquell {
 
 namespace {
+
+constexpr int kDeepest = 64; // our own files go a dozen deep
 
 /// A window of Qt's has places for its parts.
 void adopt(QWidget &parent, QWidget &child) {
@@ -43,8 +46,10 @@ std::unique_ptr<QWidget> InterfaceReader::read() {
             while (_xml.readNextStartElement()) {
                 readPart(*root);
             }
-        } else {
+        } else if (_xml.name() == QLatin1String("class") || _xml.name() == QLatin1String("customwidgets")) {
             _xml.skipCurrentElement();
+        } else if (_xml.name() == QLatin1String("widget") || _xml.readNextStartElement()) {
+            complain(QStringLiteral("the form says more than it may"));
         }
     }
     if (isEmpty) {
@@ -112,6 +117,10 @@ void InterfaceReader::readObject(const Head &head, QWidget &parent) {
 }
 
 void InterfaceReader::readPart(QWidget &widget) {
+    const QScopedValueRollback<int> deeper(_depth, _depth + 1);
+    if (isTooDeep()) {
+        return;
+    }
     const QString element = _xml.name().toString();
     if (element == QLatin1String("property")) {
         set(widget, readInterfaceProperty(_xml));
@@ -125,11 +134,11 @@ void InterfaceReader::readPart(QWidget &widget) {
         }
     } else if (element == QLatin1String("item")) {
         readChoice(widget);
-    } else {
-        if (element == QLatin1String("addaction")) {
-            _actions.push_back({&widget, _xml.attributes().value(QLatin1String("name")).toString()});
-        }
+    } else if (element == QLatin1String("addaction")) {
+        _actions.push_back({&widget, _xml.attributes().value(QLatin1String("name")).toString()});
         _xml.skipCurrentElement();
+    } else {
+        complain(QStringLiteral("%1 holds an unknown element %2").arg(widget.objectName(), element));
     }
 }
 
@@ -165,6 +174,9 @@ void InterfaceReader::readChoice(QWidget &widget) {
 }
 
 void InterfaceReader::named(QObject &object, const Head &head) {
+    if (objectNamed(head.name)) {
+        complain(QStringLiteral("there are two of the name %1").arg(head.name));
+    }
     object.setObjectName(head.name);
     _objects.push_back(&object);
     for (const InterfaceProperty &property : head.properties) {
@@ -215,9 +227,18 @@ void InterfaceReader::connectLater() {
 }
 
 QObject *InterfaceReader::objectNamed(const QString &name) const {
-    const auto found = std::find_if(_objects.begin(), _objects.end(),
-                                    [&](const QObject *one) { return one->objectName() == name; });
+    const auto found = std::find_if(_objects.begin(), _objects.end(), [&](const QObject *one) {
+        return !name.isEmpty() && one->objectName() == name;
+    });
     return found == _objects.end() ? nullptr : *found;
+}
+
+/// Each depth takes some of the stack, here and when the objects go.
+bool InterfaceReader::isTooDeep() {
+    if (_depth > kDeepest) {
+        complain(QStringLiteral("parts lie within parts more than %1 deep").arg(kDeepest));
+    }
+    return _depth > kDeepest;
 }
 
 /// The first one counts; nothing is read after it.

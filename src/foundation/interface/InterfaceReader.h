@@ -58,9 +58,11 @@ private:
     void set(QObject &object, const InterfaceProperty &property);
     void connectLater();
     QObject *objectNamed(const QString &name) const;
+    bool isTooDeep();
     void complain(const QString &what);
 
     QXmlStreamReader _xml;
+    int _depth = 0; ///< of parts within parts
     std::vector<QObject *> _objects;
     std::vector<Later> _actions; ///< of menus and tool bars, by name
     std::vector<Later> _buddies; ///< of labels

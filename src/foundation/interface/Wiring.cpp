@@ -6,7 +6,9 @@ namespace barquell {
 
 Wiring::Wiring(QObject *owner, const std::vector<QObject *> &objects) : _owner(owner) {
     for (QObject *object : objects) {
-        _objects.insert(object->objectName(), object);
+        if (!object->objectName().isEmpty()) {
+            _objects.insert(object->objectName(), object);
+        }
     }
 }
 
