@@ -47,6 +47,13 @@ TEST_F(FreeRoomTest, IsTheWholeOnceThatIsHidden) {
     EXPECT_EQ(room(), whole);
 }
 
+TEST_F(FreeRoomTest, IsTheWholeOnceThatIsMinimized) {
+    showAt(whole.bottom() - 60);
+    bar.setWindowState(Qt::WindowMinimized);
+    ASSERT_TRUE(bar.isVisible()); // as Qt has it
+    EXPECT_EQ(room(), whole);
+}
+
 TEST_F(FreeRoomTest, IsTheWholeWhereTheUserMovedItUp) {
     showAt(whole.top() + 60);
     EXPECT_EQ(room(), whole);

@@ -24,7 +24,8 @@ QRect freeRoom(const QScreen &screen) {
     for (const QWidget *window : QApplication::topLevelWidgets()) {
         const int top = window->geometry().top() - titleHeight(*window);
         const bool isInTheWay = window->property(kKeptClear).toBool() && window->isVisible() &&
-                                room.intersects(window->geometry()) && top > room.center().y();
+                                !window->isMinimized() && room.intersects(window->geometry()) &&
+                                top > room.center().y();
         if (isInTheWay) {
             room.setBottom(top - kGap);
         }
