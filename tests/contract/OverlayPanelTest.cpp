@@ -91,6 +91,8 @@ TEST_P(OverlayPanelContract, AViewMayGoAwayWhileItIsShown) {
     panel->setFrame(QRectF());
     panel->orderFront();
     panel->orderOut();
+    fade(10); // it is as good as new
+    EXPECT_TRUE(waitFor([this] { return finished == 1; }));
 }
 
 TEST_P(OverlayPanelContract, AClosedPanelCanBeShownAgain) {
@@ -100,6 +102,8 @@ TEST_P(OverlayPanelContract, AClosedPanelCanBeShownAgain) {
     panel->close();
     panel->close();
     panel->orderFront();
+    fade(10);
+    EXPECT_TRUE(waitFor([this] { return finished == 1; }));
     panel->orderOut();
 }
 

@@ -79,9 +79,16 @@ TEST_F(OtherTabsTest, PressingItAsksInASheetOfTheWindow) {
 }
 
 TEST_F(OtherTabsTest, WithoutItsButtonTheGeneralTabDoesNothing) {
+    LikeTheAppTracker::displayTimerDidFire();
     PreferencesTabGeneral tab;
+    auto button = std::make_unique<QPushButton>();
+    tab.setLikeTheAppButton(button.get());
+    tab.viewWillAppear();
+    EXPECT_FALSE(button->isHidden());
+    button.reset();
     tab.updateLikeTheAppButton();
     tab.viewWillAppear();
+    EXPECT_EQ(tab.likeTheAppButton(), nullptr);
 }
 
 TEST_F(OtherTabsTest, NoneOfThemIsResizable) {
@@ -108,8 +115,10 @@ TEST_F(OtherTabsTest, AHigherTabDoesNotGrowOverTheLowerEdgeOfTheScreen) {
 }
 
 TEST_F(OtherTabsTest, AppsWithoutAnOwnerAreNotShown) {
-    PreferencesTabTouchBar tab;
-    tab.showApps({});
+    openOn("TouchBar");
+    touchBar()->setOwner(nullptr);
+    touchBar()->showApps({});
+    EXPECT_EQ(controller->currentTab(), touchBar());
 }
 
 TEST_F(OtherTabsTest, ClearingPauseKeysIsHiddenWhereThePlaceCannotDoIt) {
@@ -270,6 +279,7 @@ TEST_F(OtherTabsTest, TheMenuOpensBeneathItsButton) {
 TEST_F(OtherTabsTest, WithoutASenderTheMenuOpensAtTheOrigin) {
     openExpert();
     expert().revealMenu({});
+    EXPECT_EQ(QApplication::activePopupWidget(), expert().menu());
     // A style may keep menus off the very edge of the screen.
     EXPECT_LT((expert().menu()->pos() - QPoint(0, 0)).manhattanLength(), 10);
 }
@@ -277,6 +287,7 @@ TEST_F(OtherTabsTest, WithoutASenderTheMenuOpensAtTheOrigin) {
 TEST_F(OtherTabsTest, WithoutItsMenuNothingIsRevealed) {
     PreferencesTabExpert tab;
     tab.revealMenu({});
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
 TEST_F(OtherTabsTest, TheMenuOffersWhatThePlaceHas) {

@@ -68,10 +68,17 @@ TEST_F(BusNotificationsTest, APostIsASignalThatOtherProgramsHear) {
 
 TEST_F(BusNotificationsTest, AnObservationOutlivesItsCenter) {
     auto center = std::make_unique<BusNotifications>(session);
-    auto observation = center->observe(kToggle, [](const QString &) {});
-    center.reset();
-    observation.reset();
+    int heard = 0;
+    auto observation = center->observe(kToggle, [&heard](const QString &) { ++heard; });
     settle();
+    center.reset();
+    other.emitSignal(kRoot, kInterface, QStringLiteral("toggle"));
+    settle();
+    EXPECT_EQ(heard, 0);
+    observation.reset();
+    other.emitSignal(kRoot, kInterface, QStringLiteral("toggle"));
+    settle();
+    EXPECT_EQ(heard, 0);
 }
 
 TEST_F(BusNotificationsTest, WhatIsNearlyOursIsNot) {
