@@ -31,7 +31,8 @@ QIcon iconFromNative(NSImage *image) {
         return {};
     }
     NSBitmapImageRep *bitmap = [[NSBitmapImageRep alloc] initWithCGImage:picture];
-    NSData *png = [bitmap representationUsingType:NSBitmapImageFileTypePNG properties:@{}];
+    NSData *png = [bitmap representationUsingType:NSBitmapImageFileTypePNG
+                                       properties:[NSDictionary dictionary]];
     QPixmap pixmap;
     pixmap.loadFromData(QByteArray::fromNSData(png));
     return QIcon(pixmap);

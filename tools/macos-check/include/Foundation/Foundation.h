@@ -80,6 +80,7 @@ typedef NSString *NSNotificationName;
 @end
 
 @interface NSDictionary : NSObject <NSFastEnumeration>
++ (instancetype)dictionary;
 + (instancetype)dictionaryWithObjects:(const id[])objects
                               forKeys:(const id<NSCopying>[])keys
                                 count:(NSUInteger)count;
@@ -87,7 +88,6 @@ typedef NSString *NSNotificationName;
 - (NSArray *)allValues;
 @end
 @interface NSMutableDictionary : NSDictionary
-+ (instancetype)dictionary;
 - (void)setObject:(id)object forKey:(id<NSCopying>)key;
 @end
 
