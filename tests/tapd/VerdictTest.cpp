@@ -198,6 +198,27 @@ TEST_F(VerdictTest, AVerdictOutOfTurnEndsTheClient) {
     EXPECT_THAT(bar.seen, SizeIs(2)) << "its frames pass";
 }
 
+TEST_F(VerdictTest, ALateVerdictOnATapThatEndedDoesNotJudgeTheNextOnesFrame) {
+    bar.down(0, 100);
+    report(bar);
+    destroy(client);
+    bar.up(0);
+    report(bar);
+    create(client);
+    setEnabled(client, true);
+    client.take();
+    bar.down(0, 200);
+    report(bar);
+    ASSERT_THAT(client.heard, SizeIs(1));
+    EXPECT_EQ(client.heard[0].frame, 2U);
+    const auto before = bar.seen.size();
+    judge(client, 1, true);
+    EXPECT_FALSE(client.closed);
+    EXPECT_THAT(bar.seen, SizeIs(before));
+    judge(client, 2, true);
+    EXPECT_THAT(bar.seen, SizeIs(before + 1));
+}
+
 TEST_F(VerdictTest, AVerdictOnAFrameThatNeverWasEndsTheClient) {
     judge(client, 1, false);
     EXPECT_TRUE(client.closed);
