@@ -125,7 +125,7 @@ struct ServerMessage {
     std::uint16_t barsKnown = 0;   ///< plugged in
     std::uint16_t barsGrabbed = 0; ///< of those, how many are held for the tap
     ModifierFlags flags = 0;
-    std::uint64_t frame = 0;                          ///< from 1
+    std::uint64_t frame = 0;                          ///< from 1, counted for each client
     std::array<std::uint16_t, kPhases> touchCounts{}; ///< of all touches; entry n counts phase 1 << n
     std::uint16_t listedTouches = 0;                  ///< how many of them follow
     std::int32_t holder = kNobody; ///< the process that had the tap when the client was welcomed
