@@ -1,6 +1,8 @@
 /// hotkeyprobe [menu|modal] NAME=KEYCODE,FLAGS...: global shortcuts on the real keys of the session. Says
 /// "pressed NAME" for each press; with "menu" or "modal" one such is open all the time.
 
+#include "say.h"
+
 #include "foundation/UserDefaults.h"
 #include "platform/Platform.h"
 #include "platform/linux/keys/LinuxKeys.h"
@@ -12,16 +14,9 @@
 #include <QMessageBox>
 #include <QTimer>
 
-#include <cstdio>
-
 using namespace barquell;
 
 namespace {
-
-void say(const QString &line) {
-    std::puts(line.toUtf8().constData());
-    std::fflush(stdout);
-}
 
 class Target : public QObject {
     Q_OBJECT

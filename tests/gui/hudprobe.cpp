@@ -6,6 +6,8 @@
 // Says "shown X Y W H", in Qt's coordinates, and "hidden" as the HUD comes and goes, "painted" each time that
 // it is painted, and "screens N" whenever a screen came or went.
 
+#include "say.h"
+
 #include "blocking/TouchBarInterceptor.h"
 #include "foundation/UserDefaults.h"
 #include "foundation/interface/InterfaceClasses.h"
@@ -17,15 +19,10 @@
 
 #include <QApplication>
 #include <QScreen>
-#include <QTextStream>
 
 namespace {
 
 using namespace barquell;
-
-void say(const QString &line) {
-    QTextStream(stdout) << line << Qt::endl;
-}
 
 /// Stands where the application controller stands in the program.
 class Owner final : public QObject {

@@ -2,6 +2,8 @@
 /// of the session. Says "title TEXT" whenever the recorder's title has changed, "stored A B" for what is
 /// stored, "focus NAME" for where the focus went, and "pressed" when the shortcut is pressed.
 
+#include "say.h"
+
 #include "foundation/UserDefaults.h"
 #include "platform/Platform.h"
 #include "platform/linux/keys/LinuxKeys.h"
@@ -16,16 +18,9 @@
 #include <QMenuBar>
 #include <QTimer>
 
-#include <cstdio>
-
 using namespace barquell;
 
 namespace {
-
-void say(const QString &line) {
-    std::puts(line.toUtf8().constData());
-    std::fflush(stdout);
-}
 
 /// Says what it is told to say, when it has changed.
 class Watch {

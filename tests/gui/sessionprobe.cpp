@@ -2,6 +2,8 @@
 /// without an entry, "front nothing", "front unknown") and what its life tells it. Its bus object steers it:
 /// a reopen shows its window, SetTouchBarActive switches between regular (true) and accessory.
 
+#include "say.h"
+
 #include "platform/linux/session/LinuxAppLifecycle.h"
 #include "platform/linux/session/LinuxWorkspace.h"
 #include "platform/linux/x11/OwnWindows.h"
@@ -9,16 +11,9 @@
 #include <QApplication>
 #include <QLabel>
 
-#include <cstdio>
-
 using namespace barquell;
 
 namespace {
-
-void say(const QString &line) {
-    std::puts(line.toUtf8().constData());
-    std::fflush(stdout);
-}
 
 class Probe final : public AppLifecycleDelegate {
 public:

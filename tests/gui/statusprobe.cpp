@@ -2,6 +2,8 @@
 /// scripted. Says "menu opened" once the menu has the keys, "menu closed", the action that an item sends,
 /// "Enabled is yes" and "...no", and "reopened". With "dark" the desktop's colours are light on dark.
 
+#include "say.h"
+
 #include "blocking/TouchBarInterceptor.h"
 #include "foundation/RunLoop.h"
 #include "foundation/UserDefaults.h"
@@ -16,18 +18,9 @@
 #include <QApplication>
 #include <QPalette>
 
-#include <cstdio>
-
 using namespace barquell;
 
-namespace {
-
-void say(const QString &line) {
-    std::puts(line.toUtf8().constData());
-    std::fflush(stdout);
-}
-
-} // namespace
+namespace {} // namespace
 
 /// Owns the status item and takes what its menu sends.
 class Delegate : public QObject, public AppLifecycleDelegate {
