@@ -187,7 +187,7 @@ TEST_F(InterfaceFileTest, WhoWasSentAwayByAnOutletIsNotWoken) {
     ASSERT_TRUE(
         load(widget("QWidget", "last", kController) +
              widget("QWidget", "remover", says("objectClass", "Remover") + says("outlet_victim", "victim")) +
-             widget("QWidget", "victim", kController)));
+             widget("QWidget", "page", widget("QWidget", "victim", kController))));
     EXPECT_EQ(Controller::woken, QStringList(QStringLiteral("last")));
 }
 
