@@ -18,6 +18,7 @@ USER = pwd.getpwuid(os.getuid()).pw_name
 MAY, MAY_NOT = (("label", f"{USER} {words} hold touches back") for words in ("may", "may not"))
 GONE = "This user may no longer filter the Touch Bar"
 NOBODY = "This user may not filter the Touch Bar: the system asked nobody, or nobody answered"
+SILENT = "The permission was not given: the service that holds the Touch Bar does not answer."
 NOT_GIVEN = "The permission was not given: somebody declined, or there is nobody who can be asked."
 
 
@@ -135,6 +136,17 @@ def check_grant_with_nobody_to_ask_is_refused_in_one_line(desktop):
     widgets.find("label", NOT_GIVEN)
     expect_equal("lines", world.program.count(NOBODY), 1)
     world.is_gone()
+
+
+def check_grant_page_names_a_service_that_is_gone(desktop):
+    world = World(desktop)
+    widgets = world.start()
+    world.barquell.command("show")
+    widgets.click(*SETTINGS)
+    world.server.kill()
+    desktop.focus(PAGE)
+    desktop.key("Tab", "space")
+    widgets.find("label", SILENT)
 
 
 def check_grant_is_revoked_by_command(desktop):
