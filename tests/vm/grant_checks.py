@@ -7,6 +7,7 @@ import signal
 import socket
 import subprocess
 
+from program import settle
 from reader import EV_ABS, ID, X, clones, held, until
 from touch_checks import require, tap
 from world import NOBODY, SOCKET, Client, Lines, World, checks_of, grant, withdraw
@@ -126,6 +127,7 @@ def person_is_asked_over_the_system_bus(world: World) -> str:
     bar = world.plug("bar", "t2-bar")
     good = world.tapping("block", user=0)
     withdraw(NOBODY)
+    settle(world.server.process)
     before = world.server.descriptors()
     bus = Bus(world)
     question = "asked about unix-process {} of %d: com.vexolith.barquell.filter-touch-bar, flags 1" % NOBODY
