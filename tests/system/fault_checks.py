@@ -1,13 +1,17 @@
 """Server and program killed at random moments, over and over. Afterwards nothing is stuck: libinput sees no finger down,
-touches pass while either is away, and when both are back they are held back again."""
+touches pass while either is away, and when both are back they are held back again. And a server that cannot live."""
 
+import contextlib
 import os
 import random
+import shutil
 import signal
+import subprocess
 import threading
 import time
 
-from machine import Machine, require_blocked, require_nothing_held
+from machine import SERVICE, SOCKET_UNIT, Machine, passes, require_blocked, require_nothing_held, state
+from people import told
 from reader import until
 from seats import Seat
 from touch_checks import require, tap
@@ -104,4 +108,44 @@ def nothing_is_stuck_after_any_death(machine: Machine) -> str:
     return f"{ROUNDS} kills ({kills}), {touches} touches seen by libinput, none stuck"
 
 
-ALL = ["nothing_is_stuck_after_any_death"]
+@contextlib.contextmanager
+def stillborn_server():
+    """A service that ends as soon as it starts, and a slow machine's time for the socket to notice."""
+    changes = {
+        SERVICE: "[Service]\nExecStart=\nExecStart=/bin/false\n",
+        SOCKET_UNIT: "[Socket]\nTriggerLimitIntervalSec=600\n",
+    }
+    folders = [f"/run/systemd/system/{unit}.d" for unit in changes]
+    try:
+        for folder, change in zip(folders, changes.values()):
+            os.makedirs(folder)
+            with open(f"{folder}/stillborn.conf", "w", encoding="utf-8") as file:
+                file.write(change)
+        subprocess.run(["systemctl", "daemon-reload"], check=True)
+        yield
+    finally:
+        for folder in folders:
+            shutil.rmtree(folder)
+        subprocess.run(["systemctl", "daemon-reload"], check=True)
+
+
+def server_that_dies_at_every_start_is_given_up_and_mended(machine: Machine) -> str:
+    program, reader = machine.blocking(machine.anna)
+    require_blocked(machine, program, reader)
+    bar = machine.session.devices["bar"]
+    with stillborn_server():
+        os.kill(machine.server.process.pid, signal.SIGKILL)
+        until("the socket is given up", lambda: state(SOCKET_UNIT) == "failed")
+        passes(bar, machine.reader(machine.nodes["bar"]), 800)
+        doctor = machine.anna.output("barquell", "doctor")
+    deaths = told("journalctl", "-q", "-o", "cat", "-u", SERVICE).count("Failed with result 'exit-code'")
+    require(deaths >= 20, f"it died {deaths} times")
+    mend = "systemctl enable --now barquell-tapd.socket"
+    require(mend in doctor, f"doctor said {doctor}")
+    require(program.poll() is None, "the program has ended")
+    subprocess.run(mend.split(), check=True, capture_output=True)
+    require_blocked(machine, program, machine.held(machine.anna))
+    return f"after {deaths} deaths"
+
+
+ALL = ["server_that_dies_at_every_start_is_given_up_and_mended", "nothing_is_stuck_after_any_death"]

@@ -65,15 +65,6 @@ def user_behind_is_not_asked(machine: Machine) -> None:
     require(refused_without_question(machine, machine.bert) == "refused: denied", "it was not denied")
 
 
-def user_from_elsewhere_is_not_asked(machine: Machine) -> None:
-    """A login that sits at no console, as one over the network or of a service."""
-    command = ["su", "-", "anna", "-c", "python3 -B /out/asker.py request"]
-    with subprocess.Popen(command, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True) as login:
-        said = login.communicate("go\n", timeout=60)[0].splitlines()
-    require(said == ["refused: denied", "closed"], f"it heard {said}")
-    require(not machine.granted(machine.anna), "the grant was written all the same")
-
-
 def without_grant_nothing_is_held(machine: Machine) -> None:
     machine.plug("keyboard", "keyboard")
     bar = machine.plug("bar", "t2-bar")
@@ -208,7 +199,6 @@ ALL = [
     "wrong_word_grants_nothing",
     "nobody_at_the_prompt_grants_nothing",
     "user_behind_is_not_asked",
-    "user_from_elsewhere_is_not_asked",
     "without_grant_nothing_is_held",
     "program_blocks_until_the_grant_is_withdrawn",
     "administrator_grants_and_withdraws_by_command",

@@ -10,12 +10,22 @@ import grant_checks
 import hardening_checks
 import install_checks
 import people_checks
+import remote_checks
 import removal_checks
 import window_checks
 from machine import Machine, install, installed
 from reader import Failure
 
-MODULES = (install_checks, grant_checks, window_checks, people_checks, hardening_checks, fault_checks, removal_checks)
+MODULES = (
+    install_checks,
+    grant_checks,
+    remote_checks,
+    window_checks,
+    people_checks,
+    hardening_checks,
+    fault_checks,
+    removal_checks,
+)
 
 
 def outcome(check) -> tuple:
