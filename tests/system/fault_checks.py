@@ -10,8 +10,9 @@ import subprocess
 import threading
 import time
 
-from machine import SERVICE, SOCKET_UNIT, Machine, passes, require_blocked, require_nothing_held, state
+from machine import SERVICE, SOCKET_UNIT, Machine, require_blocked, require_nothing_held, state
 from people import told
+from program import passes
 from reader import until
 from seats import Seat
 from touch_checks import require, tap

@@ -5,8 +5,9 @@ import pwd
 import stat
 import subprocess
 
-from machine import GRANTS, SERVICE, Machine, passes, require_blocked, state
+from machine import GRANTS, SERVICE, Machine, require_blocked, state
 from people import Person, told
+from program import passes
 from reader import clones, until
 from touch_checks import require
 

@@ -9,10 +9,10 @@ import subprocess
 
 from asker import VERSION, WELCOME, WISHES
 from people import Agent, Person, Started, told
-from program import FN, hold, let_go, settle
-from reader import EV_ABS, ID, X, Libinput, Reader, clones, held, until
+from program import mark
+from reader import EV_ABS, X, Libinput, Reader, clones, held, until
 from session import Session
-from touch_checks import MARK, require, tap
+from touch_checks import require, tap
 
 SERVICE, SOCKET_UNIT = "barquell-tapd.service", "barquell-tapd.socket"
 GRANTS = "/var/lib/barquell/grants"
@@ -67,7 +67,6 @@ class Machine:
         self.server = Service()
         self.nodes: dict = {}
         self.session = Session(self.nodes.__setitem__)
-        self.marks = 0
         self._closing: list = []
         self._since = told("journalctl", "-n", "0", "--show-cursor", "-q").split("cursor: ")[-1].strip()
 
@@ -167,27 +166,6 @@ def bars_grabbed(person: Person) -> int:
         answer = server.recv(1024)
         welcome = len(answer) > 16 and struct.unpack_from("=I", answer)[0] == WELCOME
         return struct.unpack_from("=H", answer, 14)[0] if welcome else 0
-
-
-def passes(bar, reader: Reader, x: int) -> None:
-    tap(bar, x)
-    reader.expect(EV_ABS, X, x)
-
-
-def mark(machine: Machine, program, reader: Reader) -> int:
-    """A touch under Fn, which passes; what came before it would have been seen as well. Where it was: each has a place
-    of its own, since the kernel does not repeat what a finger before it has said."""
-    bar, keyboard = machine.session.devices["bar"], machine.session.devices["keyboard"]
-    machine.marks += 1
-    place = MARK + machine.marks
-    settle(machine.server.process, program.process)
-    hold(program, keyboard, FN)
-    count = reader.values(EV_ABS, ID).count(-1)
-    tap(bar, place)
-    reader.expect(EV_ABS, X, place)
-    until("the mark has lifted", lambda: reader.values(EV_ABS, ID).count(-1) > count)
-    let_go(program, keyboard, FN)
-    return place
 
 
 def require_blocked(machine: Machine, program, reader: Reader, x: int = 1234) -> None:

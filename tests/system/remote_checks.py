@@ -5,8 +5,9 @@ import pwd
 import shutil
 import subprocess
 
-from machine import Machine, passes
+from machine import Machine
 from people import Talk
+from program import passes
 from reader import clones, until
 from touch_checks import require
 

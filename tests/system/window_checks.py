@@ -1,6 +1,7 @@
 """The authorization window, from the first start to the permission and back, on a display that nobody sees."""
 
-from machine import Machine, passes, require_blocked
+from machine import Machine, require_blocked
+from program import passes
 from reader import clones, until
 from touch_checks import require
 

@@ -1,5 +1,6 @@
 """The real program, run by an ordinary user, and what a person does in front of it."""
 
+import itertools
 import json
 import os
 import shutil
@@ -13,6 +14,7 @@ from touch_checks import MARK, tap
 from world import NOBODY, Lines, World
 
 FN = "FN"
+places = itertools.count(MARK + 1)  # each once: the kernel does not repeat what a finger before has said
 
 
 class Program(Lines):
@@ -100,16 +102,18 @@ def let_go(program, keyboard, *keys: str) -> None:
     until("the pause keys count no more", lambda: program.read().count("Blocking is in force") > count)
 
 
-def mark(world: World, program, reader) -> None:
-    """A touch under Fn, which passes; what came before it would have been seen as well."""
+def mark(world: World, program, reader) -> int:
+    """A touch under Fn, which passes; what came before it would have been seen as well. Where it was."""
     bar, keyboard = world.session.devices["bar"], world.session.devices["keyboard"]
+    place = next(places)
     settle(world.server.process, program.process)
     hold(program, keyboard, FN)
     count = reader.values(EV_ABS, ID).count(-1)
-    tap(bar, MARK)
-    reader.expect(EV_ABS, X, MARK)
+    tap(bar, place)
+    reader.expect(EV_ABS, X, place)
     until("the mark has lifted", lambda: reader.values(EV_ABS, ID).count(-1) > count)
     let_go(program, keyboard, FN)
+    return place
 
 
 def passes(bar, reader, x: int) -> None:

@@ -7,7 +7,7 @@ import time
 from program import FN, Program, blocked, hold, let_go, mark, passes, settle, started, with_bar
 from reader import EV_ABS, ID, X, Libinput, clones, held, until
 from recorders import Recorder, emulated_events, frames_of, play, yaml_events
-from touch_checks import MARK, require, tap
+from touch_checks import require, tap
 from world import NOBODY, SOCKET, Server, World, grant, withdraw
 
 EV_SYN = 0
@@ -19,8 +19,8 @@ def program_blocks_and_fn_lets_through(world: World) -> None:
     seen = world.closing(Libinput(world.clone()))
     for x in range(1000, 1010):
         tap(bar, x)
-    mark(world, program, reader)
-    require(reader.values(EV_ABS, X) == [MARK], f"the clone sent {reader.values(EV_ABS, X)}")
+    place = mark(world, program, reader)
+    require(reader.values(EV_ABS, X) == [place], f"the clone sent {reader.values(EV_ABS, X)}")
     until("libinput sees the mark", lambda: seen.count("TOUCH_UP") == 1)
     require(seen.count("TOUCH_DOWN") == 1, "libinput saw a touch that was blocked")
     program.expect("Blocking is suspended (the pause keys)")
