@@ -31,16 +31,20 @@ protected:
         EXPECT_EQ(wish.version, protocol::kVersion);
     }
 
-    bool hasEnded() {
-        return waitFor([this] {
+    /// So many wishes have an outcome, each with its line.
+    bool haveEnded(qsizetype wishes) {
+        return waitFor([&] {
             place().loop.runPending();
-            return !client.isUnderWay();
+            return log.lines.size() == wishes;
         });
     }
+    bool hasEnded() { return haveEnded(1); }
 
-    void withdraw() {
-        client.withdraw([this](GrantOutcome outcome) { outcomes.push_back(outcome); });
+    GrantClient::Handler noting() {
+        return [this](GrantOutcome outcome) { outcomes.push_back(outcome); };
     }
+    void request() { client.request(noting()); }
+    void withdraw() { client.withdraw(noting()); }
 
     LogCapture log;
     FakeServer server;
@@ -56,7 +60,6 @@ ServerMessage refused(Refusal reason) {
 
 TEST_F(GrantClientTest, ARequestIsToldAndItsOutcomeLogged) {
     client.request();
-    EXPECT_TRUE(client.isUnderWay());
     expectWish(ClientMessageType::RequestGrant);
     server.send({.type = ServerMessageType::Granted});
     EXPECT_TRUE(hasEnded());
@@ -74,7 +77,7 @@ TEST_F(GrantClientTest, OneRequestAtATime) {
 TEST_F(GrantClientTest, WhoAsksWhileARequestIsUnderWayHearsItsOutcome) {
     client.request(); // as the program does by itself
     expectWish(ClientMessageType::RequestGrant);
-    client.request([this](GrantOutcome outcome) { outcomes.push_back(outcome); });
+    request();
     client.request(); // nobody takes the handler's place
     server.send(refused(Refusal::Denied));
     EXPECT_TRUE(hasEnded());
@@ -129,7 +132,8 @@ TEST_F(GrantClientTest, TheHandlerMayAskForMore) {
         return server.isCalled();
     }));
     EXPECT_EQ(server.next().type, ClientMessageType::RequestGrant);
-    EXPECT_TRUE(client.isUnderWay());
+    server.send({.type = ServerMessageType::Granted});
+    EXPECT_TRUE(haveEnded(2));
 }
 
 TEST_F(GrantClientTest, AnOutcomeThatComesAfterTheNextWishBeganIsDropped) {
@@ -138,20 +142,79 @@ TEST_F(GrantClientTest, AnOutcomeThatComesAfterTheNextWishBeganIsDropped) {
     server.listen();
     withdraw();
     place().loop.runPending();
-    EXPECT_TRUE(client.isUnderWay());
     EXPECT_THAT(outcomes, IsEmpty());
     EXPECT_THAT(log.lines, IsEmpty());
+    expectWish(ClientMessageType::WithdrawGrant);
+    server.send({.type = ServerMessageType::Withdrawn});
+    EXPECT_TRUE(hasEnded());
+    EXPECT_THAT(outcomes, ElementsAre(GrantOutcome::Withdrawn));
+}
+
+TEST_F(GrantClientTest, AWithdrawalThatIsNotAnsweredIsGivenUpAfterFiveSeconds) {
+    withdraw();
+    expectWish(ClientMessageType::WithdrawGrant);
+    place().loop.advanceBy(4999ms);
+    EXPECT_THAT(outcomes, IsEmpty());
+    place().loop.advanceBy(1ms);
+    EXPECT_THAT(outcomes, ElementsAre(GrantOutcome::Silent));
+    EXPECT_EQ(log.lines.size(), 1);
+    EXPECT_TRUE(server.clientHasGone());
+    withdraw();
+    expectWish(ClientMessageType::WithdrawGrant);
+}
+
+TEST_F(GrantClientTest, ARequestThatIsNotAnsweredIsGivenUpOnceThePersonHasHadTheTimeForIt) {
+    request();
+    expectWish(ClientMessageType::RequestGrant);
+    place().loop.advanceBy(std::chrono::microseconds(protocol::kQuestionLimit) + 4999ms);
+    EXPECT_THAT(outcomes, IsEmpty());
+    place().loop.advanceBy(1ms);
+    EXPECT_THAT(outcomes, ElementsAre(GrantOutcome::Silent));
+    EXPECT_EQ(log.lines.size(), 1);
+    EXPECT_TRUE(server.clientHasGone());
+    request();
+    expectWish(ClientMessageType::RequestGrant);
+}
+
+TEST_F(GrantClientTest, TheLimitOfAWishThatWasAnsweredEndsNoLaterOne) {
+    withdraw();
+    expectWish(ClientMessageType::WithdrawGrant);
+    place().loop.advanceBy(4s);
+    server.send({.type = ServerMessageType::Withdrawn});
+    EXPECT_TRUE(hasEnded());
+    withdraw();
+    expectWish(ClientMessageType::WithdrawGrant);
+    place().loop.advanceBy(4s);
+    EXPECT_THAT(outcomes, ElementsAre(GrantOutcome::Withdrawn));
+    server.send(refused(Refusal::Failed));
+    EXPECT_TRUE(haveEnded(2));
+    place().loop.advanceBy(1h); // with no wish under way
+    EXPECT_THAT(outcomes, ElementsAre(GrantOutcome::Withdrawn, GrantOutcome::Failed));
+    EXPECT_EQ(log.lines.size(), 2);
+}
+
+TEST_F(GrantClientTest, AnAnswerThatComesAfterTheLimitIsNotBelieved) {
+    withdraw();
+    expectWish(ClientMessageType::WithdrawGrant);
+    server.send({.type = ServerMessageType::Withdrawn}); // nobody has read it yet
+    place().loop.advanceBy(5s);
+    EXPECT_THAT(outcomes, ElementsAre(GrantOutcome::Silent));
+    withdraw();
+    expectWish(ClientMessageType::WithdrawGrant);
+    server.send(refused(Refusal::Failed));
+    EXPECT_TRUE(haveEnded(2));
+    EXPECT_THAT(outcomes, ElementsAre(GrantOutcome::Silent, GrantOutcome::Failed));
 }
 
 TEST_F(GrantClientTest, AClientThatGoesTellsNobody) {
     {
         GrantClient short_lived(server.path());
-        short_lived.withdraw([this](GrantOutcome outcome) { outcomes.push_back(outcome); });
+        short_lived.withdraw(noting());
         expectWish(ClientMessageType::WithdrawGrant);
         server.hangUp();
     }
     runFor(50ms);
-    place().loop.runPending();
+    place().loop.advanceBy(5s);
     EXPECT_THAT(outcomes, IsEmpty());
 }
 

@@ -4,6 +4,7 @@ import json
 import os
 import pathlib
 import pwd
+import signal
 import subprocess
 
 from desktop import Failure, expect_equal, wait_until
@@ -19,6 +20,7 @@ MAY, MAY_NOT = (("label", f"{USER} {words} hold touches back") for words in ("ma
 GONE = "This user may no longer filter the Touch Bar"
 NOBODY = "This user may not filter the Touch Bar: the system asked nobody, or nobody answered"
 SILENT = "The permission was not given: the service that holds the Touch Bar does not answer."
+NOT_WITHDRAWN = "The permission could not be withdrawn: the service that holds the Touch Bar does not answer."
 NOT_GIVEN = "The permission was not given: somebody declined, or there is nobody who can be asked."
 
 
@@ -147,6 +149,24 @@ def check_grant_page_names_a_service_that_is_gone(desktop):
     desktop.focus(PAGE)
     desktop.key("Tab", "space")
     widgets.find("label", SILENT)
+
+
+def check_grant_page_names_a_service_that_hangs(desktop):
+    world = World(desktop)
+    world.grant()
+    widgets = world.start()
+    world.is_given()
+    desktop.focus("Barquell Preferences")
+    desktop.key("ctrl+alt+0")
+    widgets.click(*SETTINGS)
+    widgets.find(*MAY)
+    world.server.signal(signal.SIGSTOP)
+    widgets.click("push button", "Withdraw")
+    widgets.find("label", NOT_WITHDRAWN)
+    widgets.find(*MAY)
+    world.server.signal(signal.SIGCONT)
+    widgets.find(*MAY_NOT)  # it had the wish all the same, and the page follows the grant
+    world.is_gone()
 
 
 def check_grant_is_revoked_by_command(desktop):

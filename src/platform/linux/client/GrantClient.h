@@ -1,9 +1,9 @@
 #pragma once
 
 #include "platform/linux/client/GrantOutcome.h"
-#include "platform/linux/client/TapConnection.h"
 
-#include <optional>
+#include <functional>
+#include <memory>
 
 namespace barquell {
 
@@ -20,23 +20,22 @@ public:
 
     /// Has the system ask the person whether this user may filter, which may take minutes. While that is
     /// under way a second request only takes its handler's place, and during a withdrawal it is nothing. The
-    /// outcome is logged in one line.
+    /// outcome is logged in one line; it is Silent where there is no answer kServerLimit after the person's
+    /// time was over.
     void request(Handler onOutcome = {});
 
-    /// Gives the grant up, and takes a request back that is under way. The outcome is logged in one line.
+    /// Gives the grant up, and takes a request back that is under way. The outcome is logged in one line; it
+    /// is Silent where there is no answer within kServerLimit.
     void withdraw(Handler onOutcome = {});
 
-    bool isUnderWay() const { return _wish.has_value(); }
-
 private:
-    void begin(protocol::ClientMessageType wish, Handler onOutcome);
+    struct Wish;
+
+    void begin(protocol::ClientMessageType type, Handler onOutcome);
     void end(GrantOutcome outcome);
 
     const QString _socketPath;
-    std::unique_ptr<TapConnection> _connection;
-    Handler _onOutcome;
-    std::optional<protocol::ClientMessageType> _wish; // that is under way
-    std::shared_ptr<char> _alive;                     // of the wish that is under way
+    std::shared_ptr<Wish> _wish; // that is under way
 };
 
 } // namespace barquell

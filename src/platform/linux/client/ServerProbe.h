@@ -10,6 +10,9 @@
 
 namespace barquell {
 
+/// So long an answer is waited for: a server that is only now being started may take a moment.
+inline constexpr std::chrono::milliseconds kServerLimit{5000};
+
 /// Why the tap server could not be asked.
 enum class ProbeFailure {
     Absent,     ///< there is no socket
