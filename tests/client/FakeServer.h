@@ -77,11 +77,17 @@ public:
         return size == sizeof message ? std::optional(message) : std::nullopt;
     }
 
+    /// Says nothing more, but still sees its client go.
+    void fallSilent() { ::shutdown(_client.get(), SHUT_WR); }
+
+    /// Has the client gone? What it said before is taken away.
+    bool isLeft() {
+        char byte = 0;
+        return ::recv(_client.get(), &byte, 1, MSG_DONTWAIT) == 0;
+    }
+
     bool clientHasGone() {
-        return waitFor([this] {
-            char byte = 0;
-            return ::recv(_client.get(), &byte, 1, MSG_DONTWAIT) == 0;
-        });
+        return waitFor([this] { return isLeft(); });
     }
 
     void welcome(ModifierFlags flags = 0) {

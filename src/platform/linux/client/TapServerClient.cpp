@@ -102,7 +102,6 @@ TapServerClient::TapServerClient(QString socketPath, const AccessibilityTrust &t
     : _socketPath(std::move(socketPath)), _trust(trust), _grant(grant), _pause(kFirstPause),
       _alive(std::make_shared<char>()) {
     QObject::connect(&_watcher, &QFileSystemWatcher::directoryChanged, &_watcher, [this] {
-        _hopeless = false;
         if (_tap && !_connection) {
             connect();
         }
@@ -141,7 +140,7 @@ void TapServerClient::connect() {
     if (_connection) {
         askForTap();
     } else {
-        complain(QStringLiteral("The tap server does not answer; touches pass until it does"));
+        complainOfSilence(QStringLiteral("The tap server does not answer; touches pass until it does"));
         tryAgainLater();
     }
 }
@@ -153,7 +152,7 @@ void TapServerClient::askForTap() {
 }
 
 void TapServerClient::tryAgainLater() {
-    if (_hopeless || std::exchange(_tryingAgain, true)) {
+    if (std::exchange(_tryingAgain, true)) {
         return;
     }
     RunLoop::main().performAfter(_pause, [this, alive = std::weak_ptr<char>(_alive)] {
@@ -171,8 +170,16 @@ void TapServerClient::tryAgainLater() {
 }
 
 void TapServerClient::complain(const QString &line) {
-    if (!std::exchange(_complained, true)) {
+    if (!_complaints.contains(line)) {
+        _complaints.append(line);
         log(line);
+    }
+}
+
+/// Where a reason was given already, that the server is away tells nothing new.
+void TapServerClient::complainOfSilence(const QString &line) {
+    if (_complaints.isEmpty()) {
+        complain(line);
     }
 }
 
@@ -180,7 +187,7 @@ void TapServerClient::serverWentAway() {
     _connection.reset();
     _remote = Remote::None;
     if (_tap) {
-        complain(QStringLiteral("The tap server went away; touches pass until it is back"));
+        complainOfSilence(QStringLiteral("The tap server went away; touches pass until it is back"));
         tryAgainLater();
     }
 }
@@ -225,7 +232,7 @@ void TapServerClient::handleTapCreated() {
     _remote = Remote::Installed;
     _pause = kFirstPause;
     _tap->tellEnabled();
-    if (std::exchange(_complained, false)) {
+    if (!std::exchange(_complaints, {}).isEmpty()) {
         log(QStringLiteral("The tap server has installed the tap"));
     }
 }
@@ -238,7 +245,7 @@ void TapServerClient::handleRefusal(const ServerMessage &message) {
         tryAgainLater();
         break;
     case Refusal::Version:
-        _hopeless = true;
+        _pause = kLongestPause; // until either of the two is another program
         complain(QStringLiteral("The tap server speaks version %1 and not %2; touches pass")
                      .arg(message.version)
                      .arg(protocol::kVersion));

@@ -7,14 +7,17 @@
 #include "platform/linux/client/TapConnection.h"
 
 #include <QFileSystemWatcher>
+#include <QStringList>
 
 #include <cstdint>
 
 namespace barquell {
 
 /// The taps and the modifier keys of this place, both from the tap server. A tap outlives the server: when
-/// that is back the tap is installed again as it was last asked to be, and until then touches pass. One tap
-/// at a time. Main thread only.
+/// that is back the tap is installed again as it was last asked to be, and until then touches pass. A server
+/// that is away is tried again after 5 s, then less and less; one of another version, as one that has been
+/// away for long, every 5 min, since the socket may stay when its service is exchanged. One tap at a time.
+/// Main thread only.
 class TapServerClient final : public EventTaps, public ModifierState {
 public:
     /// Both must outlive this.
@@ -42,6 +45,7 @@ private:
     void askForTap();
     void tryAgainLater();
     void complain(const QString &line);
+    void complainOfSilence(const QString &line);
     void serverWentAway();
     void handle(const protocol::ServerMessage &message);
     void handleTapCreated();
@@ -62,8 +66,7 @@ private:
     QFileSystemWatcher _watcher; // the server's folder: a new server makes a new socket
     bool _tryingAgain = false;
     std::chrono::seconds _pause; // before the next try
-    bool _hopeless = false;      // the server speaks another version; only a new one can help
-    bool _complained = false;    // one line until all is well again
+    QStringList _complaints;     // each a line until all is well again
     std::shared_ptr<char> _alive;
 };
 
