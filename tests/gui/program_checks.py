@@ -3,6 +3,7 @@
 import json
 import pathlib
 import re
+import shlex
 import signal
 import subprocess
 
@@ -11,6 +12,7 @@ from desktop import expect_equal, wait_until
 HERE = pathlib.Path(__file__).resolve().parent
 SAVER = HERE / "screensaver"
 PACKAGING = HERE.parents[1] / "packaging/linux"
+README = HERE.parents[1] / "README.md"
 PROGRAM = "com.vexolith.barquell"
 ENTRY = """[Desktop Entry]
 Type=Application
@@ -96,19 +98,29 @@ def check_program_recognises_its_own_window(desktop):
     barquell.waits_for("frontmostApplication", PROGRAM)
 
 
+def commands_in_readme(name):
+    """As they stand there for everybody to copy."""
+    lines = README.read_text(encoding="utf-8").replace("\\\n", "").splitlines()
+    return [shlex.split(line) for line in lines if line.startswith(f"    {name} ")]
+
+
 def check_program_toggles_only_for_the_next_start(desktop):
     barquell = Barquell(desktop)
     barquell.start_quietly()
-    desktop.output("dbus-send", "--session", "--type=signal", "/", "com.vexolith.barquell.toggle")
-    wait_until("Active is stored", lambda: json.loads(barquell.command("defaults", "read", "--json")).get("Active"))
-    expect_equal("in force", barquell.status()["effectivelyEnabled"], True)
+
+    def active():
+        expect_equal("in force", barquell.status()["effectivelyEnabled"], True)
+        return json.loads(barquell.command("defaults", "read", "--json")).get("Active")
+
+    toggle_signal, toggle, set_active = commands_in_readme("dbus-send")
+    desktop.output(*toggle_signal)
+    wait_until("Active is stored", active)
+    desktop.output(*set_active)
+    expect_equal("Active", active(), False)
+    desktop.output(*toggle)
+    expect_equal("Active", active(), True)
     barquell.command("toggle")
-    desktop.output(
-        "dbus-send", "--session", "--print-reply", f"--dest={PROGRAM}", "/com/vexolith/barquell",
-        f"{PROGRAM}.SetTouchBarActive", "boolean:true",
-    )  # fmt: skip
-    expect_equal("Active", json.loads(barquell.command("defaults", "read", "--json"))["Active"], False)
-    expect_equal("in force", barquell.status()["effectivelyEnabled"], True)
+    expect_equal("Active", active(), False)
     barquell.command("quit")
     barquell.waits_for("running", False)
     expect_equal("switched on before the start", barquell.status()["enabled"], True)
