@@ -62,6 +62,7 @@ private:
     void wish(std::size_t how);
     void connectOther(protocol::ClientMessageType word);
     void watch(const FakeLink &hearer, const protocol::ServerMessage &message);
+    void catchUp();
     void listen();
 
     FakeBar second;
