@@ -33,8 +33,11 @@ def probed(*command: str) -> str:
 
 def server_is_caged(machine: Machine) -> str:
     machine.grant(machine.anna)
+    probe = ["/usr/bin/python3", "-B", "/out/probe.py"]
+    free = json.loads(told("unshare", "--mount", *probe))
+    require(set(free.values()) == {"done"}, f"without a cage it can not all: {free}")
     subprocess.run(["rmmod", "uinput"], check=False)  # opening it is to load it again
-    outcome = json.loads(probed("/usr/bin/python3", "-B", "/out/probe.py"))
+    outcome = json.loads(probed(*probe))
     allowed = sorted(what for what, went in outcome.items() if went == "done")
     require(allowed == ["open uinput", "read the grant", "write a grant"], f"it can {allowed}: {outcome}")
     return f"{len(outcome) - len(allowed)} of {len(outcome)} attempts refused"

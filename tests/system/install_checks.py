@@ -2,6 +2,7 @@
 
 import os
 import stat
+import subprocess
 import time
 
 from machine import GRANTS, SERVICE, SOCKET_UNIT, Machine, install, installed, state
@@ -25,6 +26,7 @@ def package_installs_and_waits_for_its_first_client(machine: Machine) -> None:
 
 
 def asking_for_trust_starts_nothing(machine: Machine) -> None:
+    """Of those who have no grant. Whoever has one asks the server for the tap anyway."""
     for command in ("status", "doctor"):
         said = machine.anna.output("barquell", command)
         require(said.strip() != "", f"{command} says nothing")
@@ -70,10 +72,24 @@ def clone_is_on_the_seat_of_the_bar(machine: Machine) -> None:
     require(not of_bar.has(machine.nodes["bar"]), "the bar itself changed its seat")
 
 
+def socket_that_was_switched_off_stays_off(machine: Machine) -> None:
+    """Over an upgrade; on again it serves as before."""
+    subprocess.run(["systemctl", "disable", "--now", SOCKET_UNIT], check=True, capture_output=True)
+    install()
+    enabled = told("systemctl", "is-enabled", SOCKET_UNIT).strip()
+    found = enabled, state(SOCKET_UNIT), state(SERVICE)
+    subprocess.run(["systemctl", "enable", "--now", SOCKET_UNIT], check=True, capture_output=True)
+    require(found == ("disabled", "inactive", "inactive"), f"socket and service are {found}")
+    asker = machine.asker(machine.anna, "hello")
+    asker.say("go")
+    asker.expect("refused: not granted")
+
+
 ALL = [
     "package_installs_and_waits_for_its_first_client",
     "asking_for_trust_starts_nothing",
     "first_client_starts_the_service",
     "service_goes_when_nobody_has_come_for_a_while",
     "clone_is_on_the_seat_of_the_bar",
+    "socket_that_was_switched_off_stays_off",
 ]

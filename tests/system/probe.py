@@ -1,11 +1,14 @@
 #!/usr/bin/env python3
-"""Tries what a server that somebody has taken over might try, and prints what came of each as JSON."""
+"""Tries what a server that somebody has taken over might try, and prints what came of each as JSON. Outside of any cage
+everything works, and leaves nothing behind."""
 
 import ctypes
+import errno
 import json
 import mmap
 import os
 import socket
+import time
 
 GRANTS = "/var/lib/barquell/grants"
 libc = ctypes.CDLL(None, use_errno=True)
@@ -22,6 +25,13 @@ def written(path: str) -> None:
     os.unlink(path)
 
 
+def rewritten(path: str) -> None:
+    with open(path, "r+", encoding="utf-8") as file:
+        text = file.read()
+        file.seek(0)
+        file.write(text)
+
+
 def read(path: str) -> None:
     with open(path, "rb", buffering=0) as file:
         file.read(1)
@@ -34,6 +44,15 @@ def of_somebody() -> int:
 
 def network(family: int) -> None:
     socket.socket(family, socket.SOCK_DGRAM).connect(("127.0.0.1" if family == socket.AF_INET else "::1", 9))
+
+
+def module_looked_for() -> None:
+    """It has no file; who may load modules hears just that."""
+    try:
+        called(libc.syscall(313, -1, b"", 0))
+    except OSError as error:
+        if error.errno != errno.EBADF:
+            raise
 
 
 ATTEMPTS = {
@@ -52,31 +71,40 @@ ATTEMPTS = {
     "write a program": lambda: written("/usr/bin/probe"),
     "write settings": lambda: written("/etc/probe"),
     "write elsewhere": lambda: written("/var/lib/probe"),
-    "write to the kernel": lambda: written("/proc/sys/kernel/hostname"),
+    "write to the kernel": lambda: rewritten("/proc/sys/kernel/hostname"),
     "become somebody": lambda: os.setresuid(1000, 1000, 1000),
-    "trace a process": lambda: called(libc.ptrace(16, 1, None, None)),
+    "trace a process": lambda: called(libc.ptrace(0x4206, of_somebody(), None, None)),
     "mount": lambda: called(libc.mount(b"tmpfs", b"/mnt", b"tmpfs", 0, None)),
     "make a namespace": lambda: called(libc.unshare(0x10000000)),
-    "end a process of others": lambda: os.kill(of_somebody(), 15),
+    "end a process of others": lambda: os.kill(of_somebody(), 0),
     "hurry": lambda: os.setpriority(os.PRIO_PROCESS, 0, -5),
     "run what it has written": lambda: mmap.mmap(-1, 4096, prot=mmap.PROT_READ | mmap.PROT_WRITE | mmap.PROT_EXEC),
-    "load a module": lambda: called(libc.syscall(313, -1, b"", 0)),
-    "set the clock": lambda: called(libc.settimeofday(b"\0" * 16, None)),
+    "load a module": module_looked_for,
+    "set the clock": lambda: time.clock_settime(time.CLOCK_REALTIME, time.time()),
     "restart the machine": lambda: called(libc.syscall(169, 0xFEE1DEAD, 672274793, 0, None)),
 }
 
 
-def main() -> None:
-    outcome = {}
-    for what, attempt in ATTEMPTS.items():
-        try:
-            attempt()
-            outcome[what] = "done"
-        except OSError as error:
-            outcome[what] = error.strerror
-        except Exception as error:  # pylint: disable=broad-except
-            outcome[what] = repr(error)
-    print(json.dumps(outcome), flush=True)
+def came_of(attempt) -> str:
+    try:
+        attempt()
+    except OSError as error:
+        return error.strerror
+    except Exception as error:  # pylint: disable=broad-except
+        return repr(error)
+    return "done"
 
 
-main()
+def apart(attempt) -> str:
+    """In a process of its own: what it has become ends with it."""
+    reading, writing = os.pipe()
+    if os.fork() == 0:
+        os.write(writing, came_of(attempt).encode())
+        os._exit(0)
+    os.close(writing)
+    os.wait()
+    with open(reading, encoding="utf-8") as file:
+        return file.read()
+
+
+print(json.dumps({what: apart(attempt) for what, attempt in ATTEMPTS.items()}))

@@ -38,7 +38,11 @@ def purge_leaves_no_grant(machine: Machine) -> str:
     return leaves_nothing(machine, "--purge")
 
 
-def leaves_nothing(machine: Machine, how: str) -> str:
+def purge_after_removal_leaves_nothing(machine: Machine) -> str:
+    return leaves_nothing(machine, "--remove", "--purge")
+
+
+def leaves_nothing(machine: Machine, *steps: str) -> str:
     if installed():
         subprocess.run(["dpkg", "--purge", PACKAGE], check=True, capture_output=True)
     before = files()
@@ -49,7 +53,8 @@ def leaves_nothing(machine: Machine, how: str) -> str:
     program, _ = machine.blocking(machine.anna)
     bar = machine.session.devices["bar"]
     bar.down([(0, 500, 60)])
-    gone(how)
+    for how in steps:
+        gone(how)
     until("the clone has gone", lambda: not clones())
     bar.up([0])
     left = files() - before
@@ -59,4 +64,4 @@ def leaves_nothing(machine: Machine, how: str) -> str:
     return f"of {added} files and folders none"
 
 
-ALL = ["removal_leaves_only_settings", "purge_leaves_no_grant"]
+ALL = ["removal_leaves_only_settings", "purge_leaves_no_grant", "purge_after_removal_leaves_nothing"]
