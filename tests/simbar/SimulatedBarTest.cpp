@@ -37,7 +37,7 @@ protected:
         TouchBarInterceptor::subscribeToUserDefaults();
     }
 
-    ~SimulatedBarTest() override { bar.hide(); }
+    void TearDown() override { bar.hide(); }
 
     static QWidget &window() {
         for (QWidget *each : QApplication::topLevelWidgets()) {

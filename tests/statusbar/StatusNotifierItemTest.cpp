@@ -27,8 +27,8 @@ QIcon square() {
 }
 
 int alphaInTheMiddle(const IconPixmap &pixmap) {
-    return static_cast<unsigned char>(
-        pixmap.bytes.at(4 * (pixmap.width * (pixmap.height / 2) + pixmap.width / 2)));
+    const qsizetype middle = qsizetype{pixmap.width} * (pixmap.height / 2) + pixmap.width / 2;
+    return static_cast<unsigned char>(pixmap.bytes.at(4 * middle));
 }
 
 /// A status item on a bus with a register.
