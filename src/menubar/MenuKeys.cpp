@@ -10,6 +10,9 @@ namespace {
 QAction *itemWithKey(const QMenu &menu, const QKeyEvent &event) {
     const QKeySequence pressed(
         QKeyCombination(event.modifiers() & ~Qt::KeypadModifier, static_cast<Qt::Key>(event.key())));
+    if (pressed.isEmpty()) {
+        return nullptr; // a key that Qt has no name for would be that of each item without one
+    }
     for (QAction *item : menu.actions()) {
         if (item->isVisible() && item->isEnabled() && item->shortcut() == pressed) {
             return item;
