@@ -72,13 +72,6 @@ void bindRadio(QRadioButton &radio, const QString &key) {
     QObject::connect(&radio, &QRadioButton::clicked, binding, [binding, choice] { binding->write(choice); });
 }
 
-void bindButton(QAbstractButton &button, const QString &key) {
-    button.setCheckable(true);
-    SettingsBinding *binding =
-        bind(button, key, [&button](const QVariant &value) { button.setChecked(boolValue(value)); });
-    QObject::connect(&button, &QAbstractButton::clicked, binding, &SettingsBinding::write);
-}
-
 void bindItem(QAction &item, const QString &key) {
     item.setCheckable(true);
     SettingsBinding *binding =
@@ -141,6 +134,17 @@ bool planBinding(Wiring &wiring, QObject &object, const QString &key) {
 
 } // namespace
 
+void bindButton(QAbstractButton &button, const QString &key) {
+    button.setCheckable(true);
+    SettingsBinding *binding =
+        bind(button, key, [&button](const QVariant &value) { button.setChecked(boolValue(value)); });
+    QObject::connect(&button, &QAbstractButton::clicked, binding, &SettingsBinding::write);
+}
+
+void bindEnabled(QObject &object, const QString &key) {
+    bind(object, key, [&object](const QVariant &value) { object.setProperty("enabled", boolValue(value)); });
+}
+
 void planSettings(Wiring &wiring, QObject &object) {
     const QString key = object.property("settingsKey").toString();
     if (!key.isEmpty() && !planBinding(wiring, object, key)) {
@@ -154,10 +158,7 @@ void planSettings(Wiring &wiring, QObject &object) {
     if (!enabledKey.isEmpty() && object.metaObject()->indexOfProperty("enabled") < 0) {
         wiring.complain(QStringLiteral("%1 cannot be disabled").arg(object.objectName()));
     } else if (!enabledKey.isEmpty()) {
-        wiring.add([&object, enabledKey] {
-            bind(object, enabledKey,
-                 [&object](const QVariant &value) { object.setProperty("enabled", boolValue(value)); });
-        });
+        wiring.add([&object, enabledKey] { bindEnabled(object, enabledKey); });
     }
 }
 

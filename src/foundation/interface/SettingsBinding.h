@@ -6,6 +6,8 @@
 
 #include <functional>
 
+class QAbstractButton;
+
 namespace barquell {
 
 /// Shows the value of a user defaults key in an object, whose child it is, now and after each change.
@@ -31,5 +33,11 @@ private:
     QPointer<Observable> _defaults;
     bool _showing = false;
 };
+
+/// The button is checked while the setting is true; a click writes what it becomes.
+void bindButton(QAbstractButton &button, const QString &key);
+
+/// A widget or an action is enabled while the setting is true.
+void bindEnabled(QObject &object, const QString &key);
 
 } // namespace barquell

@@ -1,6 +1,5 @@
 #include "shortcuts/controls/ShortcutCaptureButton.h"
 
-#include "foundation/Values.h"
 #include "foundation/interface/SettingsBinding.h"
 #include "platform/Platform.h"
 #include "shortcuts/KeyTables.h"
@@ -12,17 +11,6 @@
 namespace barquell {
 
 namespace {
-
-/// The binding belongs to the widget.
-SettingsBinding *bind(QWidget &widget, const QString &key, SettingsBinding::Show show) {
-    return std::make_unique<SettingsBinding>(widget, key, std::move(show)).release();
-}
-
-void bindEnabled(QWidget *widget, const QString &key) {
-    if (widget) {
-        bind(*widget, key, [widget](const QVariant &value) { widget->setEnabled(boolValue(value)); });
-    }
-}
 
 /// A Tab, with Shift or without, is for going on to the next control.
 bool movesFocus(const KeyEvent &event) {
@@ -58,15 +46,12 @@ void ShortcutCaptureButton::awakeFromNib() {
 
 void ShortcutCaptureButton::bindToEnabledSetting() {
     const QString key = _shortcutName + QStringLiteral("Enabled");
-    bindEnabled(this, key);
-    bindEnabled(_clearButton, key);
+    bindEnabled(*this, key);
+    if (_clearButton) {
+        bindEnabled(*_clearButton, key);
+    }
     if (_enabledCheckbox) {
-        _enabledCheckbox->setCheckable(true);
-        SettingsBinding *binding =
-            bind(*_enabledCheckbox, key, [checkbox = _enabledCheckbox.data()](const QVariant &value) {
-                checkbox->setChecked(boolValue(value));
-            });
-        connect(_enabledCheckbox, &QAbstractButton::clicked, binding, &SettingsBinding::write);
+        bindButton(*_enabledCheckbox, key);
     }
 }
 
