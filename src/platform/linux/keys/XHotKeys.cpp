@@ -168,8 +168,7 @@ void XHotKeys::readEvents() {
         }
     }
     if (_connection.isBroken()) {
-        log(QStringLiteral("Lost the X server; global shortcuts are over"));
-        _notifier.setEnabled(false);
+        _notifier.setEnabled(false); // nothing to say: the windows' own connection ends the program
     } else if (mappingChanged) {
         followMapping();
     }
