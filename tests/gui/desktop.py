@@ -153,7 +153,7 @@ class Desktop:
     def _start_x_server(self) -> None:
         read_end, write_end = os.pipe()
         os.set_inheritable(write_end, True)
-        server = subprocess.Popen(
+        self.server = server = subprocess.Popen(
             ["Xvfb", "-displayfd", str(write_end), "-screen", "0", f"{self._screen}x24", "-nolisten", "tcp", "-noreset"],
             close_fds=False,
             preexec_fn=die_with_parent,

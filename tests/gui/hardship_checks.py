@@ -9,6 +9,7 @@ import time
 
 from bar import BRIGHTNESS, Bar
 from desktop import Failure, expect_equal, on_screen, wait_until
+from panel import HEIGHT, Panel, Tray
 from preferences import TABS, TITLE, Preferences
 from program_checks import PROGRAM, Barquell, install_entry, two_applications
 from widgets import Widgets
@@ -51,6 +52,73 @@ def check_hardship_bus_that_restarts_is_used_again(desktop):
     bar.barquell.command("quit")
     wait_until("it ended", lambda: bar.program.process.poll() is not None)
     expect_equal("exit status", bar.program.process.returncode, 0)
+
+
+def registered_items(desktop) -> list:
+    """What the panel's register of status items holds."""
+    return re.findall(
+        r"org\.kde\.StatusNotifierItem[-\w]*",
+        desktop.output(
+            "dbus-send", "--session", "--print-reply", "--dest=org.kde.StatusNotifierWatcher", "/StatusNotifierWatcher",
+            "org.freedesktop.DBus.Properties.Get", "string:org.kde.StatusNotifierWatcher",
+            "string:RegisteredStatusNotifierItems",
+        ),
+    )
+
+
+def expect_item_of_the_bus(desktop, program, panel, number: int) -> None:
+    """On the panel, once, by the bus and not in a tray; the number counts those that the program had so far."""
+    item = f"org.kde.StatusNotifierItem-{program.process.pid}-{number}"
+    wait_until("the register has the item", lambda: registered_items(desktop) == [item])
+    panel.item()
+    x = [x for x, _, _ in panel.item_pixels()]
+    if max(x) - min(x) > HEIGHT:
+        raise Failure(f"more than one item: ink from {min(x)} to {max(x)}")
+
+
+def says_of_the_panel(barquell, word: str) -> None:
+    """`doctor`, whose status tells of everything else as well."""
+    wait_until(
+        f"doctor says {word}",
+        lambda: re.search(rf"^{word} +a panel shows", barquell.desktop.answer(str(barquell.binary), "doctor"), re.M),
+    )
+
+
+def check_hardship_bus_that_restarts_has_the_status_item_again(desktop):
+    panel = Panel(desktop)
+    barquell = Barquell(desktop)
+    program = barquell.start_quietly()
+    expect_item_of_the_bus(desktop, program, panel, 1)
+    desktop.bus.kill()
+    program.expect("The session bus went away")
+    panel.kill()  # it loses its register with the bus
+    tray = Tray(desktop, "bottom")
+    tray.item()
+    tray.program.kill()
+    desktop.bus = desktop.start_bus()
+    program.expect("The session bus is there")
+    says_of_the_panel(barquell, "MISSING")
+    panel.start()
+    says_of_the_panel(barquell, "ok")
+    expect_item_of_the_bus(desktop, program, panel, 2)
+    desktop.click(*panel.item())
+    wait_until("its menu is open", lambda: desktop.answer("xdotool", "search", "--onlyvisible", "--class", "barquell"))
+    desktop.key("Down", "Return")
+    barquell.waits_for("enabled", False)
+
+
+def check_hardship_bus_that_comes_late_gets_the_status_item(desktop):
+    desktop.bus.kill()
+    program = Barquell(desktop).start(FromLoginItem="1")
+    program.expect("No session bus; other programs can not be heard")
+    tray = Tray(desktop, "bottom")
+    tray.item()
+    tray.program.kill()
+    desktop.start_bus()
+    program.expect("The session bus is there")
+    expect_item_of_the_bus(desktop, program, Panel(desktop), 1)
+    about_the_bus = [line for line in program.lines() if "session bus" in line]
+    expect_equal("lines about the bus", len(about_the_bus), 2)
 
 
 def check_hardship_screen_that_a_lost_bus_left_covered_is_not_covered_for_ever(desktop):
@@ -239,3 +307,28 @@ def check_hardship_five_thousand_bypassed_applications(desktop):
     desktop.key("ctrl+1")
     preferences.has(TABS["General"])
     quits(preferences)
+
+
+DISPLAY_IS_LOST = {  # Qt's line ends the program; ours may come before it
+    "The X11 connection broke (error 1). Did the X11 server die?",
+    "barquell: The X server went away; what is in front is not known any more",
+}
+
+
+def check_hardship_lost_display_ends_it_and_nothing_stored_is_lost(desktop):
+    preferences = Preferences(desktop)
+    preferences.open_tab("Touch Bar")
+    preferences.widgets.click(*TABS["Touch Bar"])
+    program = preferences.program
+    program.expect("Blocking is suspended (the tap)")
+    said = len(program.lines())
+    lost = time.monotonic()
+    desktop.server.kill()
+    wait_until("it ended", lambda: program.process.poll() is not None, seconds=5)
+    took = time.monotonic() - lost
+    expect_equal("exit status", program.process.returncode, 1)
+    expect_equal("stored", preferences.setting("Enabled"), False)
+    lines = program.lines()[said:]
+    if not lines or not DISPLAY_IS_LOST.issuperset(lines) or len(lines) > len(DISPLAY_IS_LOST):
+        raise Failure(f"it said {lines}")
+    return f"after {took * 1000:.0f} ms, {len(lines)} lines"

@@ -94,7 +94,7 @@ class Tray(Strip):
 
     def __init__(self, desktop, edge="top"):
         super().__init__(desktop, 0 if edge == "top" else 800 - HEIGHT)
-        desktop.start(
+        self.program = desktop.start(
             "trayer", "--edge", edge, "--align", "left", "--widthtype", "pixel", "--width", "300", "--heighttype",
             "pixel", "--height", str(HEIGHT), "--transparent", "true", "--alpha", "0", "--tint", "0xffffff",
         )

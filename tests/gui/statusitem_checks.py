@@ -146,6 +146,20 @@ def check_statusitem_menu_answers_the_keys_that_it_shows(desktop):
     wait_until("the item is gone", lambda: panel.ink() == 0)
 
 
+def check_statusitem_menu_ignores_a_key_that_switches_the_layout(desktop):
+    """Such a key has no name that an item could show."""
+    desktop.output("setxkbmap", "us,de", "-option", "grp:caps_toggle")
+    panel, probe = start(desktop)
+    desktop.click(*panel.item())
+    probe.expect("menu opened")
+    for _ in range(2):
+        desktop.key("ISO_Next_Group")
+    desktop.key("ctrl+b")
+    probe.expect("background")
+    expect_equal("how often blocking was switched", probe.count("Enabled is no"), 0)
+    expect_equal("how often the menu closed", probe.count("menu closed"), 1)
+
+
 def check_statusitem_menu_finds_its_place_on_a_dense_screen(desktop):
     panel = Panel(desktop)
     probe = desktop.start(desktop.tool("statusprobe"), QT_SCALE_FACTOR="2")
@@ -168,7 +182,7 @@ def check_statusitem_stands_in_the_x11_tray_where_no_panel_shows_items_of_the_bu
 def check_statusitem_stands_in_the_x11_tray_without_a_bus(desktop):
     tray = Tray(desktop)
     probe = desktop.start(desktop.tool("statusprobe"), DBUS_SESSION_BUS_ADDRESS=f"unix:path={desktop.directory}/nobody")
-    probe.expect("There is no session bus: the status item is left to the X11 tray")
+    probe.expect("No session bus; other programs can not be heard")
     choose(desktop, tray, probe, 1)
     probe.expect("Enabled is no")
 
@@ -183,6 +197,14 @@ def check_statusitem_changes_between_the_x11_tray_and_a_panel_that_comes_and_goe
     wait_until("the tray is empty", lambda: tray.ink() == 0)
     panel.kill()
     choose(desktop, Tray(desktop, "bottom"), probe, 1)  # the panel had put an end to the first one
+    probe.expect("Enabled is no")
+
+
+def check_statusitem_stands_in_the_x11_tray_where_a_panel_was_at_first(desktop):
+    """The probe asked for the panel before it could be known."""
+    panel, probe = start(desktop)
+    panel.kill()
+    choose(desktop, Tray(desktop), probe, 1)
     probe.expect("Enabled is no")
 
 

@@ -1,6 +1,7 @@
 /// statusprobe [dark]: the program's status item on the panel of the session, in a place where all else is
 /// scripted. Says "menu opened" once the menu has the keys, "menu closed", the action that an item sends,
-/// "Enabled is yes" and "...no", and "reopened". With "dark" the desktop's colours are light on dark.
+/// "Enabled is yes" and "...no", and "reopened"; first of all whether it knows of a panel at once. With
+/// "dark" the desktop's colours are light on dark.
 
 #include "say.h"
 
@@ -10,6 +11,7 @@
 #include "menubar/LikeTheAppTracker.h"
 #include "menubar/MenuBarClasses.h"
 #include "menubar/StatusItemController.h"
+#include "platform/linux/session/MessageBus.h"
 #include "platform/linux/statusbar/DesktopStatusBar.h"
 #include "platform/simulated/ScriptedPlatform.h"
 #include "shortcuts/ShortcutMonitor.h"
@@ -80,7 +82,9 @@ int main(int argc, char **argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     static ScriptedPlatform place; // outlives the services, which are the process's
     place.install();
-    DesktopStatusBar statusBar;
+    SessionBus bus;
+    DesktopStatusBar statusBar(bus);
+    say(QStringLiteral("panel at once: %1").arg(statusBar.hasHost()));
     Platform desktop = platform();
     desktop.statusBar = &statusBar;
     installPlatform(desktop);

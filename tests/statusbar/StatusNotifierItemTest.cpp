@@ -1,5 +1,6 @@
 #include "FakeRegister.h"
 
+#include "platform/linux/session/MessageBus.h"
 #include "platform/linux/statusbar/DesktopStatusBar.h"
 #include "platform/simulated/ScriptedPlatform.h"
 #include "support/LogCapture.h"
@@ -36,7 +37,7 @@ class StatusNotifierItemTest : public testing::Test {
 protected:
     StatusNotifierItemTest() {
         place.install();
-        bar = std::make_unique<DesktopStatusBar>();
+        bar = std::make_unique<DesktopStatusBar>(session);
     }
 
     void createItem() {
@@ -66,6 +67,7 @@ protected:
     LogCapture log;
     PrivateBus bus;
     std::unique_ptr<FakeRegister> desktop = std::make_unique<FakeRegister>(bus);
+    SessionBus session;
     ScriptedPlatform place;
     QMenu menu;
     std::vector<StatusItemClick> clicks;
@@ -270,19 +272,67 @@ TEST_F(StatusNotifierItemTest, AnItemThatIsDroppedLeavesTheBus) {
     EXPECT_TRUE(waitFor([&] { return !desktop->isOnBus(name); }));
 }
 
-TEST(StatusBarWithoutABusTest, IsSaidInOneLineAndTheProgramGoesOn) {
-    const PrivateBus bus(PrivateBus::Beginning::Absent);
+TEST_F(StatusNotifierItemTest, ComesAgainWhenTheBusIsRestarted) {
+    createRegistered();
+    item->setToolTip(QStringLiteral("before"));
+    for (int restarts = 1; restarts <= 2; ++restarts) {
+        ASSERT_TRUE(waitFor([this] { return bar->hasHost(); }));
+        bus.kill();
+        ASSERT_TRUE(waitFor([this] { return !bar->hasHost(); }));
+        item->setToolTip(QStringLiteral("without a bus"));
+        desktop.reset();
+        bus.start();
+        desktop = std::make_unique<FakeRegister>(bus);
+        ASSERT_TRUE(waitFor([this] { return !desktop->items.isEmpty(); }));
+        EXPECT_THAT(desktop->items, SizeIs(1));
+        EXPECT_TRUE(desktop->isOnBus(desktop->items.last()));
+        EXPECT_EQ(qdbus_cast<NotifierToolTip>(desktop->property("ToolTip")).title,
+                  QStringLiteral("without a bus"));
+        clicks.clear();
+        desktop->click("ContextMenu", 1, 2);
+        EXPECT_TRUE(waitFor([this] { return clicks.size() == 1; }));
+    }
+    EXPECT_TRUE(waitFor([this] { return bar->hasHost(); }));
+}
+
+TEST_F(StatusNotifierItemTest, FollowsTheRegistersOfANewBusAsThoseOfTheFirst) {
+    createRegistered();
+    bus.kill();
+    ASSERT_TRUE(waitFor([this] { return !session.isConnected(); }));
+    desktop.reset();
+    bus.start();
+    ASSERT_TRUE(waitFor([this] { return session.isConnected(); }));
+    EXPECT_FALSE(bar->hasHost());
+    desktop = std::make_unique<FakeRegister>(bus, false);
+    ASSERT_TRUE(waitFor([this] { return !desktop->items.isEmpty(); }));
+    EXPECT_FALSE(bar->hasHost());
+    desktop->setPanel(true);
+    EXPECT_TRUE(waitFor([this] { return bar->hasHost(); }));
+    desktop.reset();
+    EXPECT_TRUE(waitFor([this] { return !bar->hasHost(); }));
+}
+
+TEST(StatusBarWithoutABusTest, IsSaidInOneLineAndTheItemComesWithTheBus) {
+    PrivateBus bus(PrivateBus::Beginning::Absent);
     ScriptedPlatform place;
     place.install();
     const LogCapture log;
-    DesktopStatusBar bar;
+    SessionBus session;
+    DesktopStatusBar bar(session);
+    for (int item = 0; item < 2; ++item) {
+        bar.createItem();
+        runFor(100ms);
+    }
     const auto item = bar.createItem();
     item->setImage(square());
     item->setVisible(true);
     runFor(100ms);
-    EXPECT_THAT(log.lines, ElementsAre(QStringLiteral(
-                               "There is no session bus: the status item is left to the X11 tray")));
+    EXPECT_THAT(log.lines, ElementsAre(QStringLiteral("No session bus; other programs can not be heard")));
     EXPECT_FALSE(bar.hasHost());
+    bus.start();
+    FakeRegister desktop(bus);
+    EXPECT_TRUE(waitFor([&] { return !desktop.items.isEmpty() && bar.hasHost(); }));
+    EXPECT_THAT(desktop.items, SizeIs(1));
 }
 
 } // namespace barquell::test

@@ -47,6 +47,14 @@ void showPrivacyPage(const GrantTrust &trust, GrantClient &grant) {
     }
 }
 
+/// Never taken down: what the process holds of it goes with the process, while the statics that use it are
+/// destroyed in an order of their own, after the application object.
+template <typename Part>
+Part &immortal() {
+    static Part &part = *std::make_unique<Part>().release();
+    return part;
+}
+
 /// What the user's session is for the program, with windows or without.
 struct Session {
     SessionBus bus;
@@ -75,7 +83,7 @@ struct Desktop {
     std::optional<OwnWindows> ownWindows; ///< on an X server
     LinuxKeys keys;
     LinuxOverlayPanels overlayPanels;
-    DesktopStatusBar statusBar;
+    DesktopStatusBar statusBar{immortal<Session>().bus};
 
     Desktop() {
         if (auto connection = XDesktop::open()) {
@@ -101,14 +109,6 @@ struct Simulation {
         QObject::connect(qApp, &QCoreApplication::aboutToQuit, qApp, [this] { bar.hide(); });
     }
 };
-
-/// Never taken down: what the process holds of it goes with the process, while the statics that use it are
-/// destroyed in an order of their own, after the application object.
-template <typename Part>
-Part &immortal() {
-    static Part &part = *std::make_unique<Part>().release();
-    return part;
-}
 
 } // namespace
 

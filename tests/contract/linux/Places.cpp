@@ -106,7 +106,7 @@ private:
     LinuxApplications _applications{_entries};
     AutostartLoginItem _loginItem{QStringLiteral("/opt/barquell"), {_autostart.path()}};
     LinuxAppLifecycle _lifecycle{_session, _copies};
-    DesktopStatusBar _statusBar;
+    DesktopStatusBar _statusBar{_session};
     LinuxOverlayPanels _overlayPanels;
     LinuxDiagnostics _diagnostics;
 };

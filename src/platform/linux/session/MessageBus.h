@@ -25,6 +25,9 @@ public:
     /// The connection of this moment; one that is not connected where there is no bus.
     QDBusConnection connection() const { return QDBusConnection(_connectionName); }
 
+    /// Where the bus listens, for whoever needs a connection of its own.
+    const QString &address() const { return _address; }
+
     /// Where the user's bus listens; empty where the session has none.
     static QString sessionAddress();
 

@@ -1,22 +1,20 @@
 #include "platform/linux/statusbar/DesktopStatusBar.h"
 
-#include "foundation/Log.h"
 #include "platform/linux/statusbar/DesktopStatusBarItem.h"
 #include "platform/linux/statusbar/TrayItem.h"
 
 namespace barquell {
 
-DesktopStatusBar::DesktopStatusBar() : _watcher(QDBusConnection::sessionBus()) {}
+DesktopStatusBar::DesktopStatusBar(MessageBus &bus) : _watcher(bus) {}
 
 std::unique_ptr<StatusBarItem> DesktopStatusBar::createItem() {
-    if (!QDBusConnection::sessionBus().isConnected()) {
-        log(QStringLiteral("There is no session bus: the status item is left to the X11 tray"));
-    }
     return std::make_unique<DesktopStatusBarItem>(_watcher);
 }
 
 bool DesktopStatusBar::hasHost() const {
-    return _watcher.hasHost() || TrayItem::isTrayThere();
+    // Not before: Qt asks for a panel of the bus as well, once, and one that it found would keep it off the
+    // X11 tray for good.
+    return _watcher.isKnown() && (_watcher.hasHost() || TrayItem::isTrayThere());
 }
 
 } // namespace barquell

@@ -6,15 +6,16 @@
 namespace barquell {
 
 /// The status bar of a Linux desktop: whatever panel shows status items of the session bus, else the X11
-/// tray. Without a session bus the tray alone is left, which is said in one line. Main thread only; must
-/// outlive its items. Needs a QApplication.
+/// tray, which is all that is left while there is no bus. Main thread only; must outlive its items. Needs a
+/// QApplication.
 class DesktopStatusBar final : public StatusBar {
 public:
-    DesktopStatusBar();
+    /// The bus must outlive the status bar.
+    explicit DesktopStatusBar(MessageBus &bus);
 
     std::unique_ptr<StatusBarItem> createItem() override;
 
-    /// A panel that shows items of the bus is known only after the event loop has run for a moment.
+    /// Known only after the event loop has run for a moment; false until then.
     bool hasHost() const override;
 
 private:

@@ -110,13 +110,11 @@ void DesktopStatusBarItem::updateLater() {
 
 void DesktopStatusBarItem::update() {
     _updatePending = false;
-    if (!_watcher.isKnown() && QDBusConnection::sessionBus().isConnected()) {
+    if (!_watcher.isKnown()) {
         return; // the answer brings us back
     }
     _look.color = QGuiApplication::palette().color(QPalette::WindowText);
-    if (_watcher.isKnown()) {
-        _notifierItem.show(_look);
-    }
+    _notifierItem.show(_look);
     if (_watcher.hasHost()) {
         _trayItem.reset();
         return;

@@ -43,10 +43,11 @@ NotifierItem::NotifierItem(NotifierWatcher &watcher)
     qDBusRegisterMetaType<IconPixmaps>();
     qDBusRegisterMetaType<NotifierToolTip>();
     connect(&watcher, &NotifierWatcher::changed, this, &NotifierItem::registerItem);
+    connect(&watcher.bus(), &MessageBus::disconnected, this, &NotifierItem::leaveBus);
 }
 
 NotifierItem::~NotifierItem() {
-    QDBusConnection::disconnectFromBus(_connection.name());
+    leaveBus();
 }
 
 void NotifierItem::show(const StatusItemLook &look) {
@@ -55,7 +56,9 @@ void NotifierItem::show(const StatusItemLook &look) {
     const bool newIcon = pixmaps != _pixmaps;
     _pixmaps = std::move(pixmaps);
     if (!_onBus) {
-        connectToBus();
+        if (_watcher.bus().isConnected()) {
+            connectToBus();
+        }
         return;
     }
     if (newIcon) {
@@ -70,9 +73,9 @@ void NotifierItem::show(const StatusItemLook &look) {
 }
 
 void NotifierItem::connectToBus() {
-    _onBus = true; // one attempt
+    _onBus = true; // one attempt a bus
     const QString name = nextName();
-    _connection = QDBusConnection::connectToBus(QDBusConnection::SessionBus, name);
+    _connection = QDBusConnection::connectToBus(_watcher.bus().address(), name);
     if (!_connection.registerObject(QStringLiteral("/StatusNotifierItem"), this) ||
         !_connection.registerService(name)) {
         log(QStringLiteral("The status item cannot be brought onto the session bus: %1")
@@ -80,6 +83,12 @@ void NotifierItem::connectToBus() {
         return;
     }
     registerItem();
+}
+
+void NotifierItem::leaveBus() {
+    QDBusConnection::disconnectFromBus(_connection.name());
+    _registeredWith.clear();
+    _onBus = false;
 }
 
 void NotifierItem::registerItem() {

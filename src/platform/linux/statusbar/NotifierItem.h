@@ -24,7 +24,7 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, NotifierToolTip &
 class NotifierWatcher;
 
 /// An org.kde.StatusNotifierItem on the session bus, on a connection of its own, so that panels see it go
-/// when it goes. It exports no menu: a click is ours to answer. Main thread only.
+/// when it goes; a lost bus takes it along. It exports no menu: a click is ours to answer. Main thread only.
 class NotifierItem final : public QObject {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ public:
     ~NotifierItem() override;
     Q_DISABLE_COPY_MOVE(NotifierItem)
 
-    /// Changes what panels see; the first call brings the item onto the bus.
+    /// Changes what panels see; the first call on a bus brings the item onto it.
     void show(const StatusItemLook &look);
 
     const StatusItemLook &look() const { return _look; }
@@ -46,6 +46,7 @@ Q_SIGNALS:
 
 private:
     void connectToBus();
+    void leaveBus();
     void registerItem();
 
     class NotifierItemAdaptor *_adaptor; // our child

@@ -33,27 +33,39 @@ void whenFinished(const QDBusPendingCall &call, QObject *receiver, Handler handl
 
 } // namespace
 
-NotifierWatcher::NotifierWatcher(const QDBusConnection &bus)
-    : _bus(bus), _owners(service(), bus, QDBusServiceWatcher::WatchForOwnerChange) {
-    if (!_bus.isConnected()) {
-        return;
+NotifierWatcher::NotifierWatcher(MessageBus &bus) : _bus(bus) {
+    connect(&bus, &MessageBus::connected, this, &NotifierWatcher::enterBus);
+    connect(&bus, &MessageBus::disconnected, this, &NotifierWatcher::leaveBus);
+    if (bus.isConnected()) {
+        enterBus();
     }
-    connect(&_owners, &QDBusServiceWatcher::serviceOwnerChanged, this,
+}
+
+void NotifierWatcher::enterBus() {
+    QDBusConnection connection = _bus.connection();
+    _owners = std::make_unique<QDBusServiceWatcher>(service(), connection,
+                                                    QDBusServiceWatcher::WatchForOwnerChange);
+    connect(_owners.get(), &QDBusServiceWatcher::serviceOwnerChanged, this,
             [this](const QString &, const QString &, const QString &owner) { ownerChanged(owner); });
     for (const char *signal : {"StatusNotifierHostRegistered", "StatusNotifierHostUnregistered"}) {
-        _bus.connect(service(), path(), interface(), QLatin1String(signal), this, SLOT(askForHost()));
+        connection.connect(service(), path(), interface(), QLatin1String(signal), this, SLOT(askForHost()));
     }
     askForOwner();
 }
 
+void NotifierWatcher::leaveBus() {
+    _owners.reset();
+    _owner.clear();
+    _known = _hasHost = false;
+    Q_EMIT changed();
+}
+
 void NotifierWatcher::askForOwner() {
-    QDBusMessage question = QDBusMessage::createMethodCall(
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("/org/freedesktop/DBus"),
-        QStringLiteral("org.freedesktop.DBus"), QStringLiteral("GetNameOwner"));
-    question << service();
-    whenFinished(_bus.asyncCall(question), this, [this](const QDBusPendingReply<QString> &answer) {
-        ownerChanged(answer.isError() ? QString() : answer.value());
-    });
+    const QDBusMessage question = MessageBus::question(QStringLiteral("GetNameOwner"), {service()});
+    whenFinished(_bus.connection().asyncCall(question), _owners.get(),
+                 [this](const QDBusPendingReply<QString> &answer) {
+                     ownerChanged(answer.isError() ? QString() : answer.value());
+                 });
 }
 
 void NotifierWatcher::ownerChanged(const QString &owner) {
@@ -70,9 +82,10 @@ void NotifierWatcher::askForHost() {
         service(), path(), QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
     question << interface() << QStringLiteral("IsStatusNotifierHostRegistered");
     question.setAutoStartService(false);
-    whenFinished(_bus.asyncCall(question), this, [this](const QDBusPendingReply<QVariant> &answer) {
-        finish(!_owner.isEmpty() && !answer.isError() && answer.value().toBool());
-    });
+    whenFinished(_bus.connection().asyncCall(question), _owners.get(),
+                 [this](const QDBusPendingReply<QVariant> &answer) {
+                     finish(!_owner.isEmpty() && !answer.isError() && answer.value().toBool());
+                 });
 }
 
 void NotifierWatcher::finish(bool hasHost) {

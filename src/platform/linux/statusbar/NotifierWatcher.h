@@ -1,23 +1,30 @@
 #pragma once
 
+#include "platform/linux/session/MessageBus.h"
+
 #include <QDBusConnection>
 #include <QDBusServiceWatcher>
 #include <QObject>
 #include <QString>
 
+#include <memory>
+
 namespace barquell {
 
 /// The session's register of status items, org.kde.StatusNotifierWatcher: whether it is there, and whether a
-/// panel (a "host") shows what it holds. Follows both by event and never waits for the register. Main thread
-/// only.
+/// panel (a "host") shows what it holds. Follows both, and the bus, by event and never waits for the
+/// register. Main thread only.
 class NotifierWatcher final : public QObject {
     Q_OBJECT
 
 public:
-    explicit NotifierWatcher(const QDBusConnection &bus);
+    /// The bus must outlive the watcher.
+    explicit NotifierWatcher(MessageBus &bus);
 
-    /// It has been found out whether the register is there; never without a bus.
-    bool isKnown() const { return _known; }
+    const MessageBus &bus() const { return _bus; }
+
+    /// It has been found out whether the register is there; without a bus it is not.
+    bool isKnown() const { return _known || !_bus.isConnected(); }
     bool hasHost() const { return _hasHost; }
 
     /// Who keeps the register now; empty without one. A new owner knows no items yet.
@@ -34,12 +41,14 @@ private Q_SLOTS:
     void askForHost();
 
 private:
+    void enterBus();
+    void leaveBus();
     void askForOwner();
     void ownerChanged(const QString &owner);
     void finish(bool hasHost);
 
-    QDBusConnection _bus;
-    QDBusServiceWatcher _owners;
+    MessageBus &_bus;
+    std::unique_ptr<QDBusServiceWatcher> _owners; // of this connection, as are the answers waited for
     QString _owner;
     bool _known = false;
     bool _hasHost = false;
