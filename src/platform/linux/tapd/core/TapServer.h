@@ -17,7 +17,7 @@ namespace barquell::tapd {
 /// What a wake-up brings is to be told in this order: who is in front, keyboards, clients, bars, the time.
 class TapServer {
 public:
-    static constexpr std::size_t kMaximumClients = 16;       // beside those of the user in front
+    static constexpr std::size_t kMaximumClients = 16;       // beyond them only the user in front finds room
     static constexpr std::size_t kMaximumClientsOfAUser = 4; // or one would leave the others no room
     static constexpr std::chrono::seconds kIdleLimit{30};
 
