@@ -10,7 +10,7 @@ import subprocess
 from program import settle
 from reader import EV_ABS, ID, X, clones, held, until
 from touch_checks import require, tap
-from world import NOBODY, SOCKET, Client, Lines, World, checks_of, grant, withdraw
+from world import NOBODY, SOCKET, Client, Lines, Server, World, checks_of, grant, withdraw
 
 GRANTS = pathlib.Path("/var/lib/barquell/grants")
 SEATS = pathlib.Path("/run/systemd/seats")
@@ -163,9 +163,8 @@ def person_is_asked_over_the_system_bus(world: World) -> str:
 class Seat:
     """The login manager's account of who is in front, as it writes it (systemd-logind 252)."""
 
-    def __init__(self, world: World, user):
+    def __init__(self, world: World):
         SEATS.mkdir(parents=True)
-        self.front(user)
         world.closing_by(lambda: shutil.rmtree(SEATS))
 
     def front(self, user) -> None:
@@ -178,7 +177,8 @@ class Seat:
 def two_users_hand_the_tap_over_and_back(world: World) -> str:
     grant(SECOND)
     world.closing_by(lambda: withdraw(SECOND))
-    seat = Seat(world, NOBODY)
+    seat = Seat(world)
+    seat.front(NOBODY)
     bar = world.plug("bar", "t2-bar")
     keyboard = world.plug("keyboard", "keyboard")
     first = world.tapping("block")
@@ -213,6 +213,31 @@ def two_users_hand_the_tap_over_and_back(world: World) -> str:
     seat.front(NOBODY)
     until("the bar is held again", clones)
     return f"{count} times there and back"
+
+
+def folder_of_seats_alone_is_no_login_manager(world: World) -> None:
+    """It is made on every machine with systemd; the file of seat0 is the login manager's, which may come late."""
+    grant(SECOND)
+    world.closing_by(lambda: withdraw(SECOND))
+    seat = Seat(world)
+    world.server.kill()
+    world.server = Server()
+    world.plug("bar", "t2-bar")
+    world.tapping("block")
+    second = world.client(user=SECOND)
+    require(second.lines() == ["welcome flags 0 bars 1/1"], f"it was told {second.lines()}")
+    second.say("create", "block")
+    second.expect("refused 2")  # the first tap wins
+    seat.front(SECOND)
+    world.server.expect(f"in front: user {SECOND}")
+    until("the bar is given back", lambda: not clones())
+    require("welcome flags 0 bars 0/1 behind" in world.client().lines(), "who is behind is not told")
+    seat.front(None)
+    world.server.expect("in front: nobody")
+    require("welcome flags 0 bars 0/1 behind" in world.client(SECOND).lines(), "who is behind is not told")
+    (SEATS / "seat0").unlink()
+    world.server.expect("in front: everybody")
+    until("the bar is held again", clones)
 
 
 class Activated(Lines):

@@ -1,12 +1,17 @@
 """Hard times: floods, frozen processes, fingers in the wrong moment."""
 
+import contextlib
+import os
+import pathlib
+import shutil
 import signal
 import time
 
-from program import FN, blocked, hold, let_go, mark, with_bar
+from grant_checks import GRANTS, SECOND, stranger
+from program import FN, blocked, hold, let_go, mark, passes, with_bar
 from reader import BTN_TOUCH, EV_ABS, EV_KEY, EV_SYN, ID, SYN_DROPPED, X, held, until
 from touch_checks import require, tap
-from world import World, checks_of
+from world import NOBODY, Server, World, checks_of
 
 FLOOD = 3000  # frames as fast as they can be written
 
@@ -104,6 +109,62 @@ def short_touches_while_the_bar_is_seized(world: World) -> str:
     require(keys.count(0) == contacts.count(-1) and keys[-1] == 0, "the touch key is out of step")
     require(0 < seen < touches, f"{seen} of {touches} were seen, so nothing was tried")
     return f"{touches} touches, {seen} of them seen, {halved} in halves"
+
+
+@contextlib.contextmanager
+def users_out_of_reach():
+    """Whoever looks a user up waits, as for a directory that does not answer: the list of users is a pipe."""
+    users, kept, pipe = (pathlib.Path(f"/etc/passwd{end}") for end in ("", ".kept", ".pipe"))
+    shutil.copy2(users, kept)
+    os.mkfifo(pipe)
+    pipe.rename(users)
+    try:
+        yield
+    finally:
+        waited_for = os.open(users, os.O_RDWR | os.O_NONBLOCK)
+        kept.rename(users)
+        os.write(waited_for, users.read_bytes())
+        os.close(waited_for)
+
+
+def stuck_server_lets_touches_pass(world: World, get_stuck) -> str:
+    """Under a finger that it has let through."""
+    bar, keyboard, program, reader = with_bar(world)
+    real = world.reader(world.nodes["bar"])
+    hold(program, keyboard, FN)
+    bar.down([(0, 700, 60)])
+    reader.expect(EV_ABS, X, 700)
+    let_go(program, keyboard, FN)
+    with users_out_of_reach():
+        start = time.monotonic()
+        get_stuck()
+        until("the server ends", lambda: world.server.process.poll() is not None)
+        waited = time.monotonic() - start
+        require(world.server.process.returncode == 1, f"it ended with {world.server.process.returncode}")
+        until("the clone has gone", lambda: reader.read() and reader.gone)
+        bar.up([0])
+        passes(bar, real, 222)
+        require(set(held(world.nodes["bar"])) == {-1}, f"the bar holds {held(world.nodes['bar'])}")
+    require(4.9 <= waited < 10, f"it ended after {waited:.2f} s")
+    require(world.server.read().count("stuck") == 1, f"it said {world.server.lines()}")
+    world.server.expect("stuck for 5 s, ending so that touches pass")
+    world.server = Server()
+    program.expect("The tap server has installed the tap")
+    program.holds(1)
+    clone = world.reader(world.clone())
+    tap(bar, 900)
+    mark(world, program, clone)
+    require(900 not in clone.values(EV_ABS, X), "the touch passed")
+    return f"it ended after {waited:.2f} s"
+
+
+def server_stuck_over_a_question(world: World) -> str:
+    return stuck_server_lets_touches_pass(world, lambda: stranger(world, "request", SECOND))
+
+
+def server_stuck_over_a_changed_grant(world: World) -> str:
+    """Which the program looks at as well, and gets stuck just so."""
+    return stuck_server_lets_touches_pass(world, lambda: os.utime(GRANTS / str(NOBODY)))
 
 
 ALL = checks_of(globals())

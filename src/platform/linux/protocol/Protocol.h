@@ -28,8 +28,8 @@
 ///     changes, whether it has a tap or not; of modifiers it hears only while its user is in front, and the
 ///     current word when that begins.
 ///  5. CreateTap is answered by TapCreated, or by Refused{Busy} where a client of the same user (also the
-///     client itself) has a tap; the connection stays and the client may try again later. Where the system
-///     does not say who is in front, everybody is, and another user's tap is as good a reason.
+///     client itself) has a tap; the connection stays and the client may try again later. Where no login
+///     manager has told of seat0, everybody is in front, and another user's tap is as good a reason.
 ///     A Welcome says who has the tap, so that a person can be told whom to ask.
 ///  6. A new tap is disabled. SetEnabled is not answered.
 ///  7. The tap of the user in front acts: while it is enabled and its mask names EventType::Gesture, each
@@ -45,7 +45,8 @@
 /// 11. A packet that decode refuses, one of rule 1's messages twice, anything before them, a tap's message
 ///     without a tap (late verdicts excepted), or a verdict out of turn: Refused{Malformed}, and the
 ///     connection is closed.
-/// 12. There is room for 16 clients, 4 of one user; one more is told Refused{Busy} instead of Welcome.
+/// 12. A client finds room where there are less than 4 of its user and less than 16 in all; the user whose
+///     session is in front needs only the first. Any other client is told Refused{Busy} instead of Welcome.
 namespace barquell::protocol {
 
 inline constexpr std::uint32_t kVersion = 3;

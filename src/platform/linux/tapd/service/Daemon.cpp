@@ -9,6 +9,12 @@ namespace barquell::tapd {
 
 namespace {
 
+constexpr std::chrono::seconds kStuck{5}; // a turn takes some microseconds
+
+std::string stuckLine() {
+    return "stuck for " + std::to_string(kStuck.count()) + " s, ending so that touches pass";
+}
+
 FileDescriptor endSignals() {
     sigset_t signals;
     ::sigemptyset(&signals);
@@ -21,9 +27,10 @@ FileDescriptor endSignals() {
 
 } // namespace
 
-Daemon::Daemon(Listener listener, grant::GrantFolder grants, Log &log)
-    : _listener(std::move(listener)), _signals(endSignals()), _grants(std::move(grants)),
-      _authority(_poller, log), _server(_grants, _authority, log), _devices(_server, _poller, log) {}
+Daemon::Daemon(Listener listener, grant::GrantFolder grants, SystemLog &log)
+    : _stuck(kStuck, log, stuckLine()), _listener(std::move(listener)), _signals(endSignals()),
+      _grants(std::move(grants)), _authority(_poller, log), _server(_grants, _authority, log),
+      _devices(_server, _poller, log) {}
 
 bool Daemon::start() {
     _running = _poller.add(Source::Signals, _signals.get()) &&
@@ -44,13 +51,16 @@ void Daemon::followTheSystem(Time now) {
     }
 }
 
+/// Before the first turn there is no client, so nothing is held that somebody could miss.
 Daemon::End Daemon::run() {
     bool idle = false;
     while (_running && !idle) {
         _devices.updateWanted();
         updateClients();
         _timer.update(deadline());
+        _stuck.stop();
         const auto ready = _poller.wait();
+        _stuck.start(); // until the next wait, or until nothing is left of us
         const Time now = std::chrono::steady_clock::now();
         for (const Ready &one : ready) {
             serve(one, now);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/tapd/service/Connection.h"
+#include "platform/linux/tapd/service/DeadMansTimer.h"
 #include "platform/linux/tapd/service/DeadlineTimer.h"
 #include "platform/linux/tapd/service/InputDevices.h"
 #include "platform/linux/tapd/service/KeptGrants.h"
@@ -14,7 +15,7 @@ namespace barquell::tapd {
 /// blocks.
 class Daemon {
 public:
-    Daemon(Listener listener, grant::GrantFolder grants, Log &log);
+    Daemon(Listener listener, grant::GrantFolder grants, SystemLog &log);
 
     /// False where the system does not give what it takes.
     bool start();
@@ -23,7 +24,7 @@ public:
     void endWhenIdle() { _server.endWhenIdle(std::chrono::steady_clock::now()); }
 
     enum class End { Asked, Idle };
-    /// Until a signal asks for the end, or nobody needs us.
+    /// Until a signal asks for the end, or nobody needs us. What gets stuck on the way ends the process.
     End run();
 
 private:
@@ -40,6 +41,7 @@ private:
     void serveClient(const Ready &ready, Time now);
     void updateClients();
 
+    DeadMansTimer _stuck;              // goes last
     std::optional<Listener> _listener; // until the end begins
     Poller _poller;
     FileDescriptor _signals;

@@ -1,5 +1,6 @@
 #include "platform/linux/tapd/service/SeatWatch.h"
 
+#include <cerrno>
 #include <systemd/sd-login.h>
 
 namespace barquell::tapd {
@@ -25,12 +26,14 @@ void SeatWatch::forgetChanges() {
     ::sd_login_monitor_flush(_monitor.get());
 }
 
-Front SeatWatch::front() const {
-    if (!_monitor) {
+Front SeatWatch::front() {
+    uid_t user = 0;
+    const int error = ::sd_seat_get_active("seat0", nullptr, &user);
+    // The folder of the seats is made where there is no login manager, too; the seat's file is its own.
+    if (error == -ENXIO) {
         return Front::everybody();
     }
-    uid_t user = 0;
-    return ::sd_seat_get_active("seat0", nullptr, &user) < 0 ? Front::nobody() : Front::of(user);
+    return error < 0 ? Front::nobody() : Front::of(user);
 }
 
 } // namespace barquell::tapd

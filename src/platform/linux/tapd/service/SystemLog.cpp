@@ -34,30 +34,33 @@ void SystemLog::line(std::string_view text) {
         return;
     }
     if (const int leftOut = _limit.takeLeftOut()) {
-        write(std::to_string(leftOut) + " lines were left out");
+        write(ready(std::to_string(leftOut) + " lines were left out"));
     }
     // Devices choose their names; a line stays a line.
     std::string printable(text);
     std::replace_if(
         printable.begin(), printable.end(),
         [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7f'; }, '?');
-    write(printable);
+    write(ready(printable));
 }
 
-void SystemLog::write(const std::string &text) const {
-    _error.write("barquell-tapd: " + text + '\n');
-    writeToSystem(text);
-}
-
-/// Not by syslog(3), which waits for a log that does not read.
-void SystemLog::writeToSystem(const std::string &text) const {
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    _systemSocket.copy(address.sun_path, sizeof address.sun_path - 1);
+SystemLog::Ready SystemLog::ready(std::string_view text) {
     std::array<char, 64> head{}; // RFC 3164: priority and tag
     std::snprintf(head.data(), head.size(), "<%d>barquell-tapd[%d]: ", LOG_DAEMON | LOG_NOTICE,
                   static_cast<int>(::getpid()));
-    const std::string packet = head.data() + text;
+    return {std::string("barquell-tapd: ").append(text) + '\n', std::string(head.data()).append(text)};
+}
+
+void SystemLog::write(const Ready &line) const {
+    _error.write(line.error);
+    writeToSystem(line.system);
+}
+
+/// Not by syslog(3), which waits for a log that does not read.
+void SystemLog::writeToSystem(const std::string &packet) const {
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    _systemSocket.copy(address.sun_path, sizeof address.sun_path - 1);
     ::sendto(_system.get(), packet.data(), packet.size(), MSG_DONTWAIT | MSG_NOSIGNAL,
              reinterpret_cast<const sockaddr *>(&address), sizeof address);
 }

@@ -14,9 +14,18 @@ public:
 
     void line(std::string_view text) override;
 
+    /// A line in the forms in which it goes out.
+    struct Ready {
+        std::string error;
+        std::string system;
+    };
+    /// The text stays as it is, which is to be one line.
+    static Ready ready(std::string_view text);
+    /// Whatever the limit. A signal handler may call this.
+    void write(const Ready &line) const;
+
 private:
-    void write(const std::string &text) const;
-    void writeToSystem(const std::string &text) const;
+    void writeToSystem(const std::string &packet) const;
 
     LineLimit _limit;
     LineWriter _error;
