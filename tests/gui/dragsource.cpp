@@ -9,6 +9,7 @@
 #include <QUrl>
 
 #include <cstdio>
+#include <memory>
 
 namespace {
 
@@ -26,10 +27,10 @@ protected:
     void mousePressEvent(QMouseEvent * /*event*/) override {} // taken, so that the moves come here
 
     void mouseMoveEvent(QMouseEvent * /*event*/) override {
-        auto *data = new QMimeData; // the drag's
+        auto data = std::make_unique<QMimeData>();
         data->setUrls(_urls);
-        auto *drag = new QDrag(this); // deletes itself
-        drag->setMimeData(data);
+        auto *drag = std::make_unique<QDrag>(this).release(); // deletes itself
+        drag->setMimeData(data.release());
         const Qt::DropAction done = drag->exec(Qt::CopyAction | Qt::MoveAction, Qt::MoveAction);
         std::puts(done == Qt::CopyAction   ? "dropped: copy"
                   : done == Qt::MoveAction ? "dropped: move"

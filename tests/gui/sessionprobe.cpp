@@ -32,7 +32,7 @@ public:
         sayFront();
     }
     bool applicationShouldHandleReopen(bool hasVisibleWindows) override {
-        say(QStringLiteral("reopen %1").arg(int(hasVisibleWindows)));
+        say(QStringLiteral("reopen %1").arg(hasVisibleWindows ? 1 : 0));
         lifecycle.activate();
         _window.show();
         return true;

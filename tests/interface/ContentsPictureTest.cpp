@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include <memory>
+
 namespace barquell::test {
 namespace {
 
@@ -52,7 +54,7 @@ TEST_F(ContentsPictureTest, LeavesOutWhatIsHiddenOnPurpose) {
 }
 
 TEST_F(ContentsPictureTest, LaysOutAViewThatWasNeverShown) {
-    auto *layout = new QVBoxLayout(&view);
+    auto *layout = std::make_unique<QVBoxLayout>(&view).release(); // the view's
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(&part, 0, Qt::AlignBottom | Qt::AlignRight);
     EXPECT_EQ(at(1, 99, 49), QColor(Qt::green));

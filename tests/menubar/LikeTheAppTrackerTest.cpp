@@ -47,6 +47,8 @@ protected:
             widget->close();
         }
     }
+    LikeTheAppTrackerTest(const LikeTheAppTrackerTest &) = delete;
+    LikeTheAppTrackerTest &operator=(const LikeTheAppTrackerTest &) = delete;
 
     static QDateTime now() { return here().loop.wallClock(); }
     static Place &here() { return place(); }

@@ -60,6 +60,8 @@ protected:
         here.platform.lifecycle.setDelegate(nullptr);
         here.platform.install();
     }
+    StatusItemFixture(const StatusItemFixture &) = delete;
+    StatusItemFixture &operator=(const StatusItemFixture &) = delete;
 
     static void setTrusted(bool trusted) {
         place().platform.trust.trusted = trusted;

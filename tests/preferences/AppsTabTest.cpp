@@ -186,7 +186,7 @@ namespace {
 class AppsPanelTest : public AppsTabTest {
 protected:
     QString file(const char *name) {
-        const QString path = folder.filePath(QString::fromLatin1(name));
+        QString path = folder.filePath(QString::fromLatin1(name));
         QFile made(path);
         EXPECT_TRUE(made.open(QIODevice::WriteOnly));
         return path;

@@ -61,7 +61,7 @@ TEST_F(PreferencesKeysTest, OptionCommandOneFallsThroughToTheCurrentTab) {
 
 TEST_F(PreferencesKeysTest, AFurtherModifierFallsThroughToTheCurrentTab) {
     for (const ModifierFlags flags : {kFlagCommand | kFlagShift, kFlagCommand | kFlagControl,
-                                      ModifierFlags(0), kFlagOption | kFlagCommand | kFlagShift}) {
+                                      ModifierFlags{0}, kFlagOption | kFlagCommand | kFlagShift}) {
         EXPECT_FALSE(controller->handleKeyDown(key("2", flags)));
         EXPECT_FALSE(controller->handleKeyDown(key("0", flags)));
     }

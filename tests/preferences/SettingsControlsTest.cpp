@@ -197,7 +197,7 @@ TEST_F(SettingsControlsTest, WhatDependsOnAnotherSettingIsOffWithIt) {
 
 TEST_F(SettingsControlsTest, SettingsOfAnyTypeOpenTheWindowAndStayAsTheyAre) {
     const QVariantList values{true,
-                              qlonglong(-7),
+                              qlonglong{-7},
                               1e300,
                               QStringLiteral("12abc"),
                               QByteArray("\xff\x00", 2),

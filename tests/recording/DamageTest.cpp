@@ -52,7 +52,7 @@ protected:
 
     void expectGoodReading(std::size_t size) const {
         SCOPED_TRACE(size);
-        const std::string_view cut = std::string_view(_text).substr(0, size);
+        const std::string_view cut(_text.data(), size);
         const Recording recording = GetParam().read(cut);
         ASSERT_NO_FATAL_FAILURE(expectPrefix(recording, _whole));
         if (!endsBetweenLines(cut) || size <= _lastNeeded + 1) {

@@ -48,7 +48,7 @@ rc::Gen<InputEvent> barEvents() {
 }
 
 rc::Gen<Step> steps(bool surroundingsChange) {
-    const auto event = rc::gen::map(barEvents(), [](const InputEvent &each) {
+    auto event = rc::gen::map(barEvents(), [](const InputEvent &each) {
         return Step{Step::Kind::Event, each, 0};
     });
     if (!surroundingsChange) {

@@ -86,7 +86,7 @@ int main(int argc, char **argv) {
     Sayer sayer(lifecycle, copies, notifications);
     lifecycle.setScriptCommands(
         {.toggleTouchBar = [] { say(QStringLiteral("toggle")); },
-         .setTouchBarActive = [](bool active) { say(QStringLiteral("active %1").arg(int(active))); },
+         .setTouchBarActive = [](bool active) { say(QStringLiteral("active %1").arg(active ? 1 : 0)); },
          .status =
              [] {
                  return QVariantMap{{QStringLiteral("enabled"), true},
