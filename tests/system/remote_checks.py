@@ -6,7 +6,7 @@ import shutil
 import subprocess
 
 from machine import Machine
-from people import Talk
+from people import Talk, told
 from program import passes
 from reader import clones, until
 from touch_checks import require
@@ -48,18 +48,32 @@ def open_to_the_network(machine: Machine, *users: str) -> None:
     machine.later(lambda: subprocess.run(["systemctl", "stop", "ssh"], check=True))
 
 
-def user_over_the_network_is_not_asked(machine: Machine) -> None:
-    """Though the same user's session at the console is the one in front."""
+ASKER = "python3 -B /out/asker.py request"
+
+
+def asking(machine: Machine, command: str) -> tuple:
+    """Anna's wish over the network, and the prompt that speaks for it. Her session at the console is in front."""
     open_to_the_network(machine, "anna")
-    asker = machine.closing(
-        Remote("anna", "loginctl show-session $XDG_SESSION_ID; echo number $$; exec python3 -B /out/asker.py request")
-    )
-    asker.expect("number ")
-    agent = machine.agent(machine.anna, int(asker.lines()[-1].split()[1]))
+    asker = machine.closing(Remote("anna", command))
+    process = until("it runs", lambda: told("pgrep", "-u", "anna", "-x", "-f", f"(/usr/bin/)?{ASKER}"))
+    agent = machine.agent(machine.anna, int(process))
     asker.say("go")
+    return asker, agent
+
+
+def user_over_the_network_is_not_asked(machine: Machine) -> None:
+    asker, agent = asking(machine, f"loginctl show-session $XDG_SESSION_ID; exec {ASKER}")
     asker.expect("closed")
     require("Remote=yes" in asker.lines() and "Active=yes" in asker.lines(), f"it is no such session: {asker.lines()}")
     require(not agent.asked(), f"there was a prompt: {agent.said()}")
+    require(asker.lines()[-2:] == ["refused: denied", "closed"], f"it heard {asker.lines()}")
+    require(not machine.granted(machine.anna), "the grant was written all the same")
+
+
+def what_the_users_service_manager_starts_is_asked_as_at_the_console(machine: Machine) -> None:
+    asker, agent = asking(machine, f"systemd-run --user --pipe --quiet {ASKER}")
+    agent.answer("wrong word")
+    asker.expect("closed")
     require(asker.lines()[-2:] == ["refused: denied", "closed"], f"it heard {asker.lines()}")
     require(not machine.granted(machine.anna), "the grant was written all the same")
 
@@ -81,4 +95,8 @@ def user_over_the_network_filters_nothing(machine: Machine) -> None:
     passes(bar, machine.reader(machine.nodes["bar"]), 700)
 
 
-ALL = ["user_over_the_network_is_not_asked", "user_over_the_network_filters_nothing"]
+ALL = [
+    "user_over_the_network_is_not_asked",
+    "what_the_users_service_manager_starts_is_asked_as_at_the_console",
+    "user_over_the_network_filters_nothing",
+]
