@@ -175,9 +175,10 @@ class World:
 
 
 def checks_of(module: dict) -> list:
-    """The names of the functions that a module itself defines for a world."""
-    return [
-        name
-        for name, value in module.items()
-        if getattr(value, "__annotations__", {}).get("world") is World and value.__module__ == module["__name__"]
-    ]
+    """The names of the functions that a module itself defines for a world alone."""
+
+    def is_check(value) -> bool:
+        takes_a_world = getattr(value, "__annotations__", {}).get("world") is World
+        return takes_a_world and value.__code__.co_argcount == 1 and value.__module__ == module["__name__"]
+
+    return [name for name, value in module.items() if is_check(value)]
