@@ -40,6 +40,15 @@ protected:
     }
     bool hasEnded() { return haveEnded(1); }
 
+    void expectGivenUpAfter(std::chrono::microseconds limit) {
+        place().loop.advanceBy(limit - 1ms);
+        EXPECT_THAT(outcomes, IsEmpty());
+        place().loop.advanceBy(1ms);
+        EXPECT_THAT(outcomes, ElementsAre(GrantOutcome::Silent));
+        EXPECT_EQ(log.lines.size(), 1);
+        EXPECT_TRUE(server.clientHasGone());
+    }
+
     GrantClient::Handler noting() {
         return [this](GrantOutcome outcome) { outcomes.push_back(outcome); };
     }
@@ -153,12 +162,7 @@ TEST_F(GrantClientTest, AnOutcomeThatComesAfterTheNextWishBeganIsDropped) {
 TEST_F(GrantClientTest, AWithdrawalThatIsNotAnsweredIsGivenUpAfterFiveSeconds) {
     withdraw();
     expectWish(ClientMessageType::WithdrawGrant);
-    place().loop.advanceBy(4999ms);
-    EXPECT_THAT(outcomes, IsEmpty());
-    place().loop.advanceBy(1ms);
-    EXPECT_THAT(outcomes, ElementsAre(GrantOutcome::Silent));
-    EXPECT_EQ(log.lines.size(), 1);
-    EXPECT_TRUE(server.clientHasGone());
+    expectGivenUpAfter(5s);
     withdraw();
     expectWish(ClientMessageType::WithdrawGrant);
 }
@@ -166,12 +170,7 @@ TEST_F(GrantClientTest, AWithdrawalThatIsNotAnsweredIsGivenUpAfterFiveSeconds) {
 TEST_F(GrantClientTest, ARequestThatIsNotAnsweredIsGivenUpOnceThePersonHasHadTheTimeForIt) {
     request();
     expectWish(ClientMessageType::RequestGrant);
-    place().loop.advanceBy(std::chrono::microseconds(protocol::kQuestionLimit) + 4999ms);
-    EXPECT_THAT(outcomes, IsEmpty());
-    place().loop.advanceBy(1ms);
-    EXPECT_THAT(outcomes, ElementsAre(GrantOutcome::Silent));
-    EXPECT_EQ(log.lines.size(), 1);
-    EXPECT_TRUE(server.clientHasGone());
+    expectGivenUpAfter(std::chrono::microseconds(protocol::kQuestionLimit) + 5s);
     request();
     expectWish(ClientMessageType::RequestGrant);
 }

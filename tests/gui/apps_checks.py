@@ -1,7 +1,7 @@
 """The apps without blocking, in the program itself: added, dropped, dragged and removed by real pointer and keys."""
 
 from desktop import expect_equal, on_screen, wait_until
-from preferences import APPS, TITLE, Preferences
+from preferences import TITLE, Preferences
 from program_checks import install_entry
 
 TALL = on_screen("1280x1024")

@@ -1,6 +1,6 @@
 """The authorization window of the program itself, with the permission given and taken in the simulated bar's window."""
 
-from desktop import expect_equal, wait_until
+from desktop import expect_equal
 from program_checks import Barquell
 from widgets import ACCESSIBLE, Widgets
 

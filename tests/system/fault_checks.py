@@ -10,9 +10,8 @@ import subprocess
 import threading
 import time
 
-from machine import SERVICE, SOCKET_UNIT, Machine, require_blocked, require_nothing_held, state
+from machine import SERVICE, SOCKET_UNIT, Machine, require_blocked, require_nothing_held, require_passing, state
 from people import told
-from program import passes
 from reader import until
 from seats import Seat
 from touch_checks import require, tap
@@ -133,11 +132,10 @@ def stillborn_server():
 def server_that_dies_at_every_start_is_given_up_and_mended(machine: Machine) -> str:
     program, reader = machine.blocking(machine.anna)
     require_blocked(machine, program, reader)
-    bar = machine.session.devices["bar"]
     with stillborn_server():
         os.kill(machine.server.process.pid, signal.SIGKILL)
         until("the socket is given up", lambda: state(SOCKET_UNIT) == "failed")
-        passes(bar, machine.reader(machine.nodes["bar"]), 800)
+        require_passing(machine)
         doctor = machine.anna.output("barquell", "doctor")
     deaths = told("journalctl", "-q", "-o", "cat", "-u", SERVICE).count("Failed with result 'exit-code'")
     require(deaths >= 20, f"it died {deaths} times")

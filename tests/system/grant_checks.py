@@ -5,7 +5,7 @@ import pwd
 import stat
 import subprocess
 
-from machine import GRANTS, SERVICE, Machine, require_blocked, state
+from machine import GRANTS, SERVICE, Machine, require_blocked, require_passing, state
 from people import Person, told
 from program import passes
 from reader import clones, until
@@ -87,7 +87,7 @@ def program_blocks_until_the_grant_is_withdrawn(machine: Machine) -> None:
     machine.anna.output("barquell", "revoke")
     require(not machine.granted(machine.anna), "the grant is still there")
     until("the clone has gone", lambda: not clones())
-    passes(machine.session.devices["bar"], machine.reader(machine.nodes["bar"]), 800)
+    require_passing(machine)
     require(program.poll() is None, "the program has ended")
     require(granted_by(machine, machine.anna, ADMINISTRATOR) == "granted", "it was not granted again")
     require_blocked(machine, program, machine.held(machine.anna))
@@ -98,7 +98,7 @@ def administrator_grants_and_withdraws_by_command(machine: Machine) -> None:
     require_blocked(machine, program, reader)
     machine.withdraw(machine.anna)
     until("the clone has gone", lambda: not clones())
-    passes(machine.session.devices["bar"], machine.reader(machine.nodes["bar"]), 800)
+    require_passing(machine)
     machine.grant(machine.anna)
     require_blocked(machine, program, machine.held(machine.anna))
 

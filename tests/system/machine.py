@@ -9,7 +9,7 @@ import subprocess
 
 from asker import VERSION, WELCOME, WISHES
 from people import Agent, Person, Started, told
-from program import mark
+from program import mark, passes
 from reader import EV_ABS, X, Libinput, Reader, clones, held, until
 from session import Session
 from touch_checks import require, tap
@@ -166,6 +166,11 @@ def bars_grabbed(person: Person) -> int:
         answer = server.recv(1024)
         welcome = len(answer) > 16 and struct.unpack_from("=I", answer)[0] == WELCOME
         return struct.unpack_from("=H", answer, 14)[0] if welcome else 0
+
+
+def require_passing(machine: Machine) -> None:
+    """With no clone, on the bar itself."""
+    passes(machine.session.devices["bar"], machine.reader(machine.nodes["bar"]), 800)
 
 
 def require_blocked(machine: Machine, program, reader: Reader, x: int = 1234) -> None:

@@ -1,7 +1,6 @@
 """The authorization window, from the first start to the permission and back, on a display that nobody sees."""
 
-from machine import Machine, require_blocked
-from program import passes
+from machine import Machine, require_blocked, require_passing
 from reader import clones, until
 from touch_checks import require
 
@@ -82,7 +81,7 @@ def window_leads_to_the_page_that_withdraws(machine: Machine) -> None:
     display.window(REQUIRED)
     until("the clone has gone", lambda: not clones())
     require(not machine.granted(machine.anna), "the grant is still there")
-    passes(machine.session.devices["bar"], machine.reader(machine.nodes["bar"]), 800)
+    require_passing(machine)
     require(program.poll() is None, "the program has ended")
 
 

@@ -10,8 +10,8 @@ import tempfile
 import time
 
 from reader import EV_ABS, ID, X, until
-from touch_checks import MARK, tap
-from world import NOBODY, Lines, World
+from touch_checks import MARK, require, tap
+from world import NOBODY, Lines, Server, World
 
 FN = "FN"
 places = itertools.count(MARK + 1)  # each once: the kernel does not repeat what a finger before has said
@@ -114,6 +114,16 @@ def mark(world: World, program, reader) -> int:
     until("the mark has lifted", lambda: reader.values(EV_ABS, ID).count(-1) > count)
     let_go(program, keyboard, FN)
     return place
+
+
+def require_a_new_server_is_found(world: World, program) -> None:
+    world.server = Server()
+    program.expect("The tap server has installed the tap")
+    program.holds(1)
+    clone = world.reader(world.clone())
+    tap(world.session.devices["bar"], 900)
+    mark(world, program, clone)
+    require(900 not in clone.values(EV_ABS, X), "the touch passed")
 
 
 def passes(bar, reader, x: int) -> None:

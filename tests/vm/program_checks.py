@@ -4,11 +4,23 @@ import os
 import signal
 import time
 
-from program import FN, Program, blocked, hold, let_go, mark, passes, settle, started, with_bar
+from program import (
+    FN,
+    Program,
+    blocked,
+    hold,
+    let_go,
+    mark,
+    passes,
+    require_a_new_server_is_found,
+    settle,
+    started,
+    with_bar,
+)
 from reader import EV_ABS, ID, X, Libinput, clones, held, until
 from recorders import Recorder, emulated_events, frames_of, play, yaml_events
 from touch_checks import require, tap
-from world import NOBODY, SOCKET, Server, World, grant, withdraw
+from world import NOBODY, World, grant, withdraw
 
 EV_SYN = 0
 RIGHT_COMMAND, LEFT_COMMAND = "RIGHTMETA", "LEFTMETA"
@@ -132,13 +144,7 @@ def killed_server_frees_the_bar_and_a_new_one_is_found(world: World) -> None:
     world.server.kill()
     program.expect("The tap server went away; touches pass until it is back")
     passes(bar, real, 800)
-    world.server = Server()
-    program.expect("The tap server has installed the tap")
-    program.holds(1)
-    clone = world.reader(world.clone())
-    tap(bar, 900)
-    mark(world, program, clone)
-    require(900 not in clone.values(EV_ABS, X), "the touch passed")
+    require_a_new_server_is_found(world, program)
 
 
 def bar_that_appears_after_the_program(world: World) -> None:

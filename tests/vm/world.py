@@ -1,7 +1,6 @@
 """The server under test, its clients, and the devices; made anew for each check."""
 
 import os
-import signal
 import socket
 import subprocess
 
